@@ -1,0 +1,92 @@
+// Scanning text for brackets and function calls: matching, closing, stripping.
+#include "core/brackets.h"
+
+#include <vector>
+
+namespace tavimor {
+
+namespace {
+
+bool IsOpen(char c) { return c == '(' || c == '['; }
+bool IsClose(char c) { return c == ')' || c == ']'; }
+
+bool CountBalances(std::string_view text, char open, char close) {
+  int depth = 0;
+  for (const char c : text) {
+    if (c == open) ++depth;
+    if (c == close && --depth < 0) return false;
+  }
+  return depth == 0;
+}
+
+}  // namespace
+
+bool BracketsMatch(std::string_view text) {
+  if (!CountBalances(text, '(', ')') || !CountBalances(text, '[', ']')) return false;
+  for (int p = 1; p <= static_cast<int>(text.size()); ++p) {
+    const char c = text[static_cast<std::size_t>(p - 1)];
+    if (!IsOpen(c)) continue;
+    const int close = FindCloseBracket(text, p);
+    if (close == 0) return false;
+    const char closing = text[static_cast<std::size_t>(close - 1)];
+    if ((c == '(' && closing == ']') || (c == '[' && closing == ')')) return false;
+  }
+  return true;
+}
+
+int FindCloseBracket(std::string_view text, int position) {
+  int depth = 0;
+  for (int p = position; p <= static_cast<int>(text.size()); ++p) {
+    const char c = text[static_cast<std::size_t>(p - 1)];
+    if (IsOpen(c)) ++depth;
+    if (IsClose(c) && --depth == 0) return p;
+  }
+  return 0;
+}
+
+std::string StripBrackets(std::string_view text) {
+  // One scan pairs every bracket, so that nested outer pairs come off in linear time.
+  const std::size_t n = text.size();
+  std::vector<std::size_t> partner(n, n);
+  std::vector<std::size_t> open;
+  for (std::size_t i = 0; i < n; ++i) {
+    if (IsOpen(text[i])) {
+      open.push_back(i);
+    } else if (IsClose(text[i]) && !open.empty()) {
+      partner[open.back()] = i;
+      open.pop_back();
+    }
+  }
+  std::size_t first = 0;
+  std::size_t last = n;  // one past the end
+  while (last - first >= 2 && IsOpen(text[first]) && partner[first] == last - 1) {
+    ++first;
+    --last;
+  }
+  return std::string(text.substr(first, last - first));
+}
+
+int FunctionNameAt(const Session& s, std::string_view text, int position) {
+  int found = 0;
+  if (position < 1) return 0;
+  const auto start = static_cast<std::size_t>(position - 1);
+  for (int i = 1; i <= kFunctionCount; ++i) {
+    const std::string& name = s.FunctionNames[static_cast<std::size_t>(i)];
+    if (!name.empty() && start < text.size() && text.substr(start, name.size()) == name) {
+      found = i;
+    }
+  }
+  return found;
+}
+
+int FunctionEnd(const Session& s, std::string_view text, int position) {
+  const int index = FunctionNameAt(s, text, position);
+  if (index == 0) return 0;
+  const int open = position + s.FunctionNameLengths[static_cast<std::size_t>(index)];
+  if (open > static_cast<int>(text.size()) || !IsOpen(text[static_cast<std::size_t>(open - 1)])) {
+    return 0;
+  }
+  return FindCloseBracket(text, open);
+}
+
+}  // namespace tavimor

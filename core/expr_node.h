@@ -1,0 +1,88 @@
+// The tree node record, its codes, and the fixed pool of 1000 nodes that every tree is cut from.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <variant>
+
+#include "core/errors.h"
+
+namespace tavimor {
+
+// Index into the pool; 0 means no node, 1 is the head of the free list.
+using NodeIdx = std::int16_t;
+
+inline constexpr NodeIdx kNoNode = 0;
+inline constexpr NodeIdx kFreeListHead = 1;
+inline constexpr NodeIdx kLeftRoot = 2;   // the left side, or the expression
+inline constexpr NodeIdx kRightRoot = 3;  // the right side; empty text for an expression
+inline constexpr int kPoolSize = 1000;
+
+// Kind codes.
+inline constexpr char kKindSumOrProduct = ' ';
+inline constexpr char kKindNumber = 'N';
+inline constexpr char kKindVariable = 'V';
+inline constexpr char kKindPower = 'P';
+inline constexpr char kKindFunction = 'F';
+inline constexpr char kKindBracket = '(';
+inline constexpr char kKindHiddenBracket = '[';
+
+// Role codes.
+inline constexpr char kRoleNone = ' ';
+inline constexpr char kRolePlus = '+';
+inline constexpr char kRoleMinus = '-';
+inline constexpr char kRoleLeadingPlus = '1';
+inline constexpr char kRoleNumerator = 'N';
+inline constexpr char kRoleDenominator = 'D';
+inline constexpr char kRoleExponent = 'E';
+inline constexpr char kRoleBase = 'B';
+
+// The value evaluation leaves on a node: nothing, an integer, a real, or a complex value as text.
+using NodeValue = std::variant<std::monostate, std::int32_t, double, std::string>;
+
+struct ExprNode {
+  NodeIdx Prev = 0;
+  NodeIdx Next = 0;
+  NodeIdx Parent = 0;  // held on the first child of a family only
+  NodeIdx FirstChild = 0;
+  char Kind = ' ';
+  char Role = ' ';
+  std::string Text;
+  NodeValue Value = std::int32_t{0};  // survives FreeNode
+  // Layout scratch of the typesetter.
+  float X = 0.0f;
+  float Y = 0.0f;
+  float Width = 0.0f;
+  float Height = 0.0f;
+  float Base = 0.0f;
+  float Scratch1 = 0.0f;
+  float Scratch2 = 0.0f;
+};
+
+// 1000 records with indices 1 to 1000. Every access is bounds-tested: an index of 0 or beyond
+// 1000 raises the run-time error "Subscript out of range", which is also how a full pool fails.
+class NodePool {
+ public:
+  NodePool() { Init(); }
+
+  // Chains all records through Prev and Next, index 1 being the head.
+  void Init();
+
+  ExprNode& operator[](NodeIdx n) { return records_[Check(n)]; }
+  const ExprNode& operator[](NodeIdx n) const { return records_[Check(n)]; }
+
+  std::int16_t NodesInUse = 0;
+  std::int16_t MaxNodesInUse = 0;
+
+ private:
+  static std::size_t Check(NodeIdx n) {
+    if (n < 1 || n > kPoolSize) {
+      throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+    }
+    return static_cast<std::size_t>(n);
+  }
+  std::array<ExprNode, kPoolSize + 1> records_{};  // record 0 is never reached
+};
+
+}  // namespace tavimor

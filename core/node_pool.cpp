@@ -1,0 +1,145 @@
+// Taking and giving back nodes, and walking the links of a family.
+#include "core/node_pool.h"
+
+namespace tavimor {
+
+namespace {
+
+// A walk over a tree that takes more steps than this has met links that loop.
+constexpr int kWalkLimit = 8 * kPoolSize;
+
+void CountWalkStep(int& steps) {
+  if (++steps > kWalkLimit) {
+    throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
+  }
+}
+
+}  // namespace
+
+void NodePool::Init() {
+  for (int i = 1; i <= kPoolSize; ++i) {
+    ExprNode& r = records_[static_cast<std::size_t>(i)];
+    r = ExprNode{};
+    r.Prev = static_cast<NodeIdx>(i - 1);
+    r.Next = static_cast<NodeIdx>(i == kPoolSize ? 0 : i + 1);
+  }
+  NodesInUse = 0;
+}
+
+void InitNodePool(Session& s) { s.Pool.Init(); }
+
+NodeIdx NewNode(Session& s) {
+  NodePool& pool = s.Pool;
+  const NodeIdx result = pool[kFreeListHead].Next;
+  ExprNode& node = pool[result];  // 0 when the list is empty: the run-time error
+  pool[kFreeListHead].Next = node.Next;
+  if (node.Next != kNoNode) pool[node.Next].Prev = kFreeListHead;
+  node.Prev = kNoNode;
+  node.Next = kNoNode;
+  ++pool.NodesInUse;
+  if (pool.NodesInUse > pool.MaxNodesInUse) pool.MaxNodesInUse = pool.NodesInUse;
+  return result;
+}
+
+void FreeNode(Session& s, NodeIdx n) {
+  NodePool& pool = s.Pool;
+  ExprNode& node = pool[n];
+  const NodeIdx old_next = pool[kFreeListHead].Next;
+  pool[kFreeListHead].Next = n;
+  node.Prev = kFreeListHead;
+  node.Next = old_next;
+  if (old_next != kNoNode) pool[old_next].Prev = n;
+  node.Parent = kNoNode;
+  node.FirstChild = kNoNode;
+  node.Kind = ' ';
+  node.Role = ' ';
+  node.Text.clear();
+  node.X = node.Y = node.Width = node.Height = node.Base = node.Scratch1 = node.Scratch2 = 0.0f;
+  --pool.NodesInUse;
+}
+
+void FreeChildren(Session& s, NodeIdx n) {
+  NodePool& pool = s.Pool;
+  int steps = 0;
+  NodeIdx cur = pool[n].FirstChild;
+  while (cur != kNoNode) {
+    CountWalkStep(steps);
+    // Down to a leaf, then along to the last sibling, descending wherever a sibling has children.
+    if (pool[cur].FirstChild != kNoNode) {
+      cur = pool[cur].FirstChild;
+      continue;
+    }
+    if (pool[cur].Next != kNoNode) {
+      cur = pool[cur].Next;
+      continue;
+    }
+    // Every sibling is childless now: free them back to the first, then the family is gone.
+    while (pool[cur].Prev != kNoNode) {
+      CountWalkStep(steps);
+      const NodeIdx prev = pool[cur].Prev;
+      FreeNode(s, cur);
+      cur = prev;
+    }
+    const NodeIdx parent = pool[cur].Parent;
+    FreeNode(s, cur);
+    pool[parent].FirstChild = kNoNode;
+    if (parent == n) break;
+    cur = parent;
+  }
+  pool[n].FirstChild = kNoNode;
+  pool[n].Kind = ' ';
+}
+
+NodeIdx ParentOf(const Session& s, NodeIdx n) {
+  int steps = 0;
+  while (s.Pool[n].Prev != kNoNode) {
+    CountWalkStep(steps);
+    n = s.Pool[n].Prev;
+  }
+  return s.Pool[n].Parent;
+}
+
+namespace {
+
+int CountBelow(const Session& s, NodeIdx n, bool recursive, int depth) {
+  if (depth > kPoolSize) {
+    throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
+  }
+  int count = 0;
+  for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+    ++count;
+    if (recursive) count += CountBelow(s, c, true, depth + 1);
+    if (count > kPoolSize) {
+      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
+    }
+  }
+  return count;
+}
+
+}  // namespace
+
+std::int16_t CountChildren(const Session& s, NodeIdx n, bool recursive) {
+  return static_cast<std::int16_t>(CountBelow(s, n, recursive, 0));
+}
+
+void AppendChild(Session& s, NodeIdx parent, NodeIdx child) {
+  NodePool& pool = s.Pool;
+  NodeIdx last = pool[parent].FirstChild;
+  if (last == kNoNode) {
+    pool[parent].FirstChild = child;
+    pool[child].Parent = parent;
+    pool[child].Prev = kNoNode;
+  } else {
+    int steps = 0;
+    while (pool[last].Next != kNoNode) {
+      CountWalkStep(steps);
+      last = pool[last].Next;
+    }
+    pool[last].Next = child;
+    pool[child].Prev = last;
+    pool[child].Parent = kNoNode;
+  }
+  pool[child].Next = kNoNode;
+}
+
+}  // namespace tavimor

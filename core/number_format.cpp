@@ -1,0 +1,139 @@
+// The general number format and the scientific patterns ("0.00E-0") that numbers are written in.
+#include "core/number_format.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <system_error>
+
+#include "core/errors.h"
+
+namespace tavimor {
+
+namespace {
+
+constexpr int kGeneralFigures = 15;
+
+void RequireFinite(double x) {
+  if (!std::isfinite(x)) throw RunTimeError(RunTimeErrorNumber::Overflow, "Overflow");
+}
+
+std::string ExponentText(int exponent, bool always_sign, int min_digits) {
+  std::string digits = std::to_string(std::abs(exponent));
+  while (static_cast<int>(digits.size()) < min_digits) digits.insert(0, "0");
+  if (exponent < 0) return "-" + digits;
+  return always_sign ? "+" + digits : digits;
+}
+
+}  // namespace
+
+DecimalDigits RoundToFigures(double x, int figures) {
+  RequireFinite(x);
+  if (x == 0.0) return {"0", 0};
+  char buffer[64];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(x),
+                                    std::chars_format::scientific, figures - 1);
+  const std::string text(buffer, result.ptr);  // d.ddddde+XX
+  const std::size_t e_at = text.find('e');
+  DecimalDigits out;
+  for (std::size_t i = 0; i < e_at; ++i) {
+    if (text[i] != '.') out.digits += text[i];
+  }
+  out.exponent = std::atoi(text.c_str() + e_at + 1);
+  while (out.digits.size() > 1 && out.digits.back() == '0') out.digits.pop_back();
+  return out;
+}
+
+std::string GeneralNumberFormat(double x, char decimal_point) {
+  const DecimalDigits d = RoundToFigures(x, kGeneralFigures);
+  std::string sign = (x < 0.0) ? "-" : "";
+  if (d.digits == "0") return "0";
+  const int n = static_cast<int>(d.digits.size());
+  const int k = d.exponent;
+  const int decimals = std::max(0, n - 1 - k);
+  std::string s;
+  if (k >= 15 || k < -4 || decimals > kGeneralFigures) {
+    s = d.digits.substr(0, 1);
+    if (n > 1) s += decimal_point + d.digits.substr(1);
+    s += "E" + ExponentText(k, true, 2);
+  } else if (k >= 0) {
+    if (n <= k + 1) {
+      s = d.digits + std::string(static_cast<std::size_t>(k + 1 - n), '0');
+    } else {
+      s = d.digits.substr(0, static_cast<std::size_t>(k + 1)) + decimal_point +
+          d.digits.substr(static_cast<std::size_t>(k + 1));
+    }
+  } else {
+    s = std::string("0") + decimal_point + std::string(static_cast<std::size_t>(-k - 1), '0') +
+        d.digits;
+  }
+  return sign + s;
+}
+
+std::string ScientificPatternFormat(double x, int decimals, char decimal_point,
+                                    bool exponent_plus) {
+  RequireFinite(x);
+  char buffer[64];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, x,
+                                    std::chars_format::scientific, decimals);
+  const std::string text(buffer, result.ptr);
+  const std::size_t e_at = text.find('e');
+  std::string mantissa = text.substr(0, e_at);
+  if (const std::size_t dot = mantissa.find('.'); dot != std::string::npos) {
+    mantissa[dot] = decimal_point;
+  }
+  return mantissa + "E" + ExponentText(std::atoi(text.c_str() + e_at + 1), exponent_plus, 1);
+}
+
+std::optional<double> ParseNumberText(std::string_view text, char decimal_point) {
+  // Shape check: [+-] digits/point (at least one digit, at most one point) [E [+-] digits]
+  std::size_t i = 0;
+  const std::size_t n = text.size();
+  std::string plain;
+  if (i < n && (text[i] == '+' || text[i] == '-')) {
+    if (text[i] == '-') plain += '-';
+    ++i;
+  }
+  int digits = 0;
+  bool point = false;
+  for (; i < n; ++i) {
+    const char c = text[i];
+    if (c >= '0' && c <= '9') {
+      ++digits;
+      plain += c;
+    } else if (c == decimal_point && !point) {
+      point = true;
+      plain += '.';
+    } else {
+      break;
+    }
+  }
+  if (digits == 0) return std::nullopt;
+  bool negative_exponent = false;
+  if (i < n && text[i] == 'E') {
+    plain += 'e';
+    ++i;
+    if (i < n && (text[i] == '+' || text[i] == '-')) {
+      negative_exponent = text[i] == '-';
+      plain += text[i];
+      ++i;
+    }
+    int exponent_digits = 0;
+    for (; i < n && text[i] >= '0' && text[i] <= '9'; ++i) {
+      plain += text[i];
+      ++exponent_digits;
+    }
+    if (exponent_digits == 0) return std::nullopt;
+  }
+  if (i != n) return std::nullopt;
+  double value = 0.0;
+  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    if (negative_exponent) return 0.0;  // below the smallest float: zero
+    return std::nullopt;
+  }
+  if (result.ec != std::errc{} || result.ptr != plain.data() + plain.size()) return std::nullopt;
+  return value;
+}
+
+}  // namespace tavimor

@@ -1,0 +1,321 @@
+// The parser: the text of a node becomes its subtree, one level at a time.
+#include "core/parse.h"
+
+#include <array>
+
+#include "core/brackets.h"
+#include "core/node_pool.h"
+#include "core/number_text.h"
+#include "core/text_predicates.h"
+
+namespace tavimor {
+
+namespace {
+
+// Terms or factors of one level, each with its role as the first character.
+class Entries {
+ public:
+  void Add(std::string entry) {
+    if (count_ >= kParseEntryLimit) {
+      throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+    }
+    items_[static_cast<std::size_t>(count_++)] = std::move(entry);
+  }
+  std::string& operator[](int i) { return items_[static_cast<std::size_t>(i - 1)]; }  // 1-based
+  int Count() const { return count_; }
+  void InsertAt(int i, std::string entry) {  // moves entries i.. up by one
+    Add("");
+    for (int j = count_; j > i; --j) (*this)[j] = std::move((*this)[j - 1]);
+    (*this)[i] = std::move(entry);
+  }
+  void RemoveAt(int i) {  // moves entries behind i down by one
+    for (int j = i; j < count_; ++j) (*this)[j] = std::move((*this)[j + 1]);
+    items_[static_cast<std::size_t>(--count_)].clear();
+  }
+
+ private:
+  std::array<std::string, kParseEntryLimit> items_{};
+  int count_ = 0;
+};
+
+char At(std::string_view text, int p) {
+  return (p >= 1 && p <= static_cast<int>(text.size())) ? text[static_cast<std::size_t>(p - 1)]
+                                                        : ' ';
+}
+
+// Text from position a to b, both 1-based and inclusive.
+std::string Mid(std::string_view text, int a, int b) {
+  if (b < a || a > static_cast<int>(text.size())) return "";
+  return std::string(text.substr(static_cast<std::size_t>(a - 1), static_cast<std::size_t>(b - a + 1)));
+}
+
+int CloseOrFail(std::string_view text, int p) {
+  const int close = FindCloseBracket(text, p);
+  if (close == 0) {
+    throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "A bracket is never closed");
+  }
+  return close;
+}
+
+void SumPass(const Session& s, std::string_view t, Entries& entries) {
+  const int n = static_cast<int>(t.size());
+  int p = 0;
+  int start = 1;
+  do {
+    ++p;
+    const char c = At(t, p);
+    if (p <= n && (c == '(' || c == '[')) {
+      p = CloseOrFail(t, p);
+    } else if (c != '+' && c != '-') {
+      if (const int end = NumberEnd(s, t, p); end != 0) p = end;  // keeps "1E-5" whole
+    }
+    if (((c == '+' || c == '-') && p >= 2) || p == n + 1) {
+      std::string term = Mid(t, start, p - 1);
+      if (entries.Count() == 0) {
+        if (!term.empty() && term[0] == '+') {
+          term[0] = '1';
+        } else if (term.empty() || term[0] != '-') {
+          term.insert(0, "+");
+        }
+      }
+      entries.Add(std::move(term));
+      start = p;
+    }
+  } while (p <= n);
+}
+
+void FactorPass(const Session& s, std::string_view t, Entries& entries) {
+  const int n = static_cast<int>(t.size());
+  int p = 0;
+  int start = 1;
+  do {
+    ++p;
+    const char c = At(t, p);
+    if (c == '(' || c == '[') {
+      p = CloseOrFail(t, p);
+    } else if (const int number_end = NumberEnd(s, t, p); number_end != 0) {
+      p = number_end;  // a leading sign belongs to the number here
+    } else if (const int function_end = FunctionEnd(s, t, p); function_end != 0) {
+      p = function_end;
+    }
+    if (c == '/' || c == '*') continue;  // the sign belongs to the factor that follows
+    std::string factor = Mid(t, start, p);
+    if (!factor.empty() && factor[0] == '*') {
+      factor[0] = 'N';
+    } else if (!factor.empty() && factor[0] == '/') {
+      factor[0] = 'D';
+    } else {
+      factor.insert(0, "N");
+    }
+    entries.Add(std::move(factor));
+    start = p + 1;
+  } while (p < n);
+}
+
+// "-2^2": the sign must not fall under the power.
+void SplitSignBeforePower(Entries& entries) {
+  if (entries.Count() < 2) return;
+  const std::string& first = entries[1];
+  if ((first.rfind("N-", 0) == 0 || first.rfind("N+", 0) == 0) && entries[2] == "N^") {
+    entries.InsertAt(2, "N" + first.substr(2));
+    entries[1] = entries[1].substr(0, 2);
+  }
+}
+
+// "x", "^", "2" -> "x^2"; a chain ends as one entry, the role before the base kept.
+void MergePowers(Entries& entries) {
+  int i = 2;
+  while (i < entries.Count()) {
+    if (entries[i].substr(1) == "^") {
+      entries[i - 1] += "^" + entries[i + 1].substr(1);
+      entries.RemoveAt(i + 1);
+      entries.RemoveAt(i);
+    } else {
+      ++i;
+    }
+  }
+}
+
+void MakeChildren(Session& s, NodeIdx n, Entries& entries) {
+  for (int i = 1; i <= entries.Count(); ++i) {
+    const NodeIdx child = NewNode(s);
+    AppendChild(s, n, child);
+    s.Pool[child].Role = entries[i][0];
+    s.Pool[child].Text = entries[i].substr(1);
+  }
+}
+
+// Kind and Text on the node itself, or in a container on a single child.
+void Attach(Session& s, NodeIdx n, bool in_container, char kind, const std::string& text) {
+  if (in_container) {
+    const NodeIdx child = NewNode(s);
+    AppendChild(s, n, child);
+    s.Pool[child].Kind = kind;
+    s.Pool[child].Role = kRoleNone;
+    s.Pool[child].Text = text;
+  } else {
+    s.Pool[n].Kind = kind;
+    s.Pool[n].Text = text;
+  }
+}
+
+void ParsePower(Session& s, NodeIdx n, bool in_container, const std::string& t) {
+  std::string base;
+  std::string exponent;
+  SplitPower(s, t, base, exponent);
+  if (exponent.empty()) return;
+  if (in_container) {
+    Attach(s, n, true, kKindSumOrProduct, t);
+    return;
+  }
+  s.Pool[n].Kind = kKindPower;
+  const NodeIdx e = NewNode(s);
+  AppendChild(s, n, e);
+  s.Pool[e].Role = kRoleExponent;
+  s.Pool[e].Text = exponent;
+  const NodeIdx b = NewNode(s);
+  AppendChild(s, n, b);
+  s.Pool[b].Role = kRoleBase;
+  s.Pool[b].Text = base;
+}
+
+bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+}  // namespace
+
+void ParseTree(Session& s, NodeIdx n) {
+  ParseOne(s, n);
+  int visited = 0;
+  for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+    if (++visited > kPoolSize) {
+      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
+    }
+    ParseTree(s, c);
+  }
+}
+
+void ParseOne(Session& s, NodeIdx n) {
+  {
+    const ExprNode& node = s.Pool[n];
+    if (node.Kind == kKindNumber || node.Kind == kKindVariable || node.FirstChild != kNoNode) return;
+  }
+  std::string t = s.Pool[n].Text;
+  bool in_container = false;
+  for (;;) {
+    Entries terms;
+    SumPass(s, t, terms);
+    if (terms.Count() > 1) {
+      MakeChildren(s, n, terms);
+      return;
+    }
+    Entries factors;
+    FactorPass(s, t, factors);
+    SplitSignBeforePower(factors);
+    MergePowers(factors);
+    if (factors.Count() > 1) {
+      MakeChildren(s, n, factors);
+      return;
+    }
+    // One factor in brackets: the node becomes the bracket, and its content is parsed below it.
+    if (!t.empty() && (t[0] == '(' || t[0] == '[') &&
+        FindCloseBracket(t, 1) == static_cast<int>(t.size())) {
+      const char kind = t[0];
+      t = StripBrackets(t);
+      s.Pool[n].Text = "(" + t + ")";
+      s.Pool[n].Kind = kind;
+      in_container = true;
+      MarkBracket(s, n);
+      continue;
+    }
+    if (t == "-" || t == "+") {
+      s.Pool[n].Kind = kKindNumber;
+      return;
+    }
+    if (NumberEnd(s, t, 1) != 0) {
+      if (t.find('^') != std::string::npos) {
+        ParsePower(s, n, in_container, t);
+      } else if (NumberEnd(s, t, 1) == static_cast<int>(t.size())) {
+        Attach(s, n, in_container, kKindNumber, t);
+      }
+      return;
+    }
+    if (t.size() == 1) {
+      if (IsLetter(t[0])) Attach(s, n, in_container, kKindVariable, t);
+      return;
+    }
+    const int function_end = FunctionEnd(s, t, 1);
+    if (function_end == 0 || At(t, function_end + 1) == '^') {
+      ParsePower(s, n, in_container, t);
+      return;
+    }
+    if (function_end != static_cast<int>(t.size())) return;
+    if (in_container) {
+      Attach(s, n, true, kKindSumOrProduct, t);
+      return;
+    }
+    // One function call: the argument is laid directly under the node; Text keeps the name.
+    const std::size_t open = t.find_first_of("([");
+    t = StripBrackets(t.substr(open + 1, t.size() - open - 2));
+    s.Pool[n].Kind = kKindFunction;
+    in_container = true;
+  }
+}
+
+void SplitPower(const Session& s, std::string_view text, std::string& base, std::string& exponent) {
+  const int n = static_cast<int>(text.size());
+  int caret = 0;
+  int p = 1;
+  do {
+    const char c = At(text, p);
+    if (c == '(' || c == '[') {
+      p = CloseOrFail(text, p);
+    } else if (const int number_end = NumberEnd(s, text, p); number_end != 0) {
+      p = number_end;
+    } else if (const int function_end = FunctionEnd(s, text, p); function_end != 0) {
+      p = function_end;
+    }
+    if (p + 1 < n) caret = p + 1;
+    p += 2;
+  } while (p <= n - 2);
+  if (caret == 0) {
+    base = std::string(text);
+    exponent.clear();
+    return;
+  }
+  base = Mid(text, 1, caret - 1);
+  exponent = Mid(text, caret + 1, n);
+}
+
+void MarkBracket(Session& s, NodeIdx n) {
+  ExprNode& node = s.Pool[n];
+  if (node.Role == kRoleExponent) {
+    node.Kind = kKindHiddenBracket;
+    return;
+  }
+  if (IsSoleFactor(s, n)) {
+    const std::string inside = node.Text.substr(1, node.Text.size() - 2);
+    if (!HasDenominatorText(s, inside)) {
+      s.Pool[n].Kind = kKindHiddenBracket;
+    }
+  }
+}
+
+bool IsSoleFactor(const Session& s, NodeIdx n) {
+  const char role = s.Pool[n].Role;
+  if (role != kRoleNumerator && role != kRoleDenominator) return false;
+  NodeIdx first = n;
+  while (s.Pool[first].Prev != kNoNode) first = s.Pool[first].Prev;
+  int numerators = 0;
+  int denominators = 0;
+  int visited = 0;
+  for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
+    if (++visited > kPoolSize) {
+      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
+    }
+    if (s.Pool[c].Role == kRoleNumerator) ++numerators;
+    if (s.Pool[c].Role == kRoleDenominator) ++denominators;
+  }
+  return (role == kRoleNumerator && numerators == 1) || (role == kRoleDenominator && denominators == 1);
+}
+
+}  // namespace tavimor

@@ -1,0 +1,28 @@
+// The parser: the text of a node becomes its subtree, one level at a time.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/session.h"
+
+namespace tavimor {
+
+// Entries one level of the parser may make; the next raises the run-time error.
+inline constexpr int kParseEntryLimit = 50;
+
+// ParseOne on the node, then ParseTree on each child in order.
+void ParseTree(Session& s, NodeIdx n);
+// Parses one level of the node's Text: sets Kind and makes the children, whose Text is not
+// parsed further. Does nothing on a number, a variable, or a node that has children.
+void ParseOne(Session& s, NodeIdx n);
+// Splits at the last "^" of a chain: `a^b^c` has base `a^b` and exponent `c`. An empty exponent
+// means the text is no power.
+void SplitPower(const Session& s, std::string_view text, std::string& base, std::string& exponent);
+// Kind "[" for a bracket that the structure shows: an exponent, or the sole numerator or sole
+// denominator of a product unless the bracket holds a fraction itself.
+void MarkBracket(Session& s, NodeIdx n);
+// Whether the node is the only numerator or the only denominator of its product.
+bool IsSoleFactor(const Session& s, NodeIdx n);
+
+}  // namespace tavimor

@@ -1,0 +1,90 @@
+// The one Session: the node pool, the options and all public state of a running tutor.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/expr_node.h"
+#include "core/frontend.h"
+
+namespace tavimor {
+
+inline constexpr int kFunctionCount = 13;
+inline constexpr const char* kFactoryGraphParms =
+    "500;500;-10;10;10;10;-10;10;10;10;2;0;2;0;0;1;255;16711680;65280;8421504;8388736;16711935;"
+    "8421376;8388608;32768;0";
+
+// One row of the equations of the work item: left side, right side, two columns of graph data.
+using EquationRow = std::array<std::string, 4>;
+
+// Everything that is state of the system. Engines take it as their first parameter; two sessions
+// share nothing.
+class Session {
+ public:
+  explicit Session(Frontend& frontend) : frontend_(&frontend) {}
+
+  Frontend& Screen() { return *frontend_; }
+  void SetFrontend(Frontend& frontend) { frontend_ = &frontend; }
+
+  // Sets every option to its first-run value.
+  void SetFirstRunOptions();
+
+  NodePool Pool;
+
+  // Options, with their first-run values.
+  std::string Unknown = "x";
+  bool SpecialE = true;
+  bool SpecialP = false;
+  bool SpecialD = false;
+  bool Degrees = false;
+  std::int16_t ComplexForm = 0;
+  std::int16_t SolveDetail = 1;
+  std::int16_t SolveDetailDefault = 1;
+  bool StreamingOutput = false;
+  float FontSize = 12.0f;
+  std::int16_t SigFigs = 3;
+  bool ExponentToRadical = true;
+  bool ExponentToReciprocal = true;
+  bool ExponentToExponentialFunction = false;
+  bool ExactToFloat = false;
+  std::int16_t EvaluateInverseTrig = 1;
+  std::int16_t QuadraticMethod = 2;
+  std::string GraphParms = kFactoryGraphParms;
+  bool ShowWelcomeScreen = true;
+  float FormWidth = 12120.0f;  // twips
+  float FormHeight = 9480.0f;  // twips
+  std::int16_t FormWindowState = 0;
+
+  // State of a running command.
+  std::int16_t DetailNow = 0;
+  std::string Message;
+  std::int16_t HelpNumber = 0;
+  std::int16_t HintState = 0;
+  std::int16_t TrigMode = 0;
+  std::string ExtraUnknown;
+  std::int16_t StepCount = 0;
+  std::string DecimalPoint = ".";
+  float WaitX = 0.0f;
+  float WaitY = 0.0f;
+  bool WritingWorkSpace = false;
+  std::vector<char> SubstitutionVars;
+  std::int16_t SubstitutionCount = 0;
+  std::vector<EquationRow> EquationList;
+  std::vector<NodeIdx> ImagNodes;  // at most 100, see CollectImagUnits
+
+  // The function name table, filled by InitFunctionTable.
+  std::array<std::string, kFunctionCount + 1> FunctionNames{};  // 1-based
+  std::array<std::int16_t, kFunctionCount + 1> FunctionNameLengths{};
+
+  char Dp() const { return DecimalPoint.empty() ? '.' : DecimalPoint[0]; }
+
+ private:
+  Frontend* frontend_;
+};
+
+// Fills the function name table: sin cos tan arcsin arccos arctan ln exp log sqrt cot sec csc.
+void InitFunctionTable(Session& s);
+
+}  // namespace tavimor

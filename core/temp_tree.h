@@ -1,0 +1,42 @@
+// A short-lived tree for asking a question of a text: made from the pool, given back on leaving.
+#pragma once
+
+#include <string>
+
+#include "core/node_pool.h"
+#include "core/parse.h"
+
+namespace tavimor {
+
+class TempTree {
+ public:
+  enum class Depth { OneLevel, Whole };
+
+  // Takes a node, gives it the text, and parses one level or the whole tree.
+  TempTree(Session& s, std::string text, Depth depth) : s_(s), root_(NewNode(s)) {
+    s_.Pool[root_].Text = std::move(text);
+    if (depth == Depth::OneLevel) {
+      ParseOne(s_, root_);
+    } else {
+      ParseTree(s_, root_);
+    }
+  }
+  TempTree(const TempTree&) = delete;
+  TempTree& operator=(const TempTree&) = delete;
+  ~TempTree() {
+    try {
+      FreeChildren(s_, root_);
+      FreeNode(s_, root_);
+    } catch (...) {  // a broken tree: the next load reinitialises the pool
+    }
+  }
+
+  NodeIdx Root() const { return root_; }
+  const ExprNode& operator[](NodeIdx n) const { return s_.Pool[n]; }
+
+ private:
+  Session& s_;
+  NodeIdx root_;
+};
+
+}  // namespace tavimor
