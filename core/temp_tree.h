@@ -15,15 +15,26 @@ class TempTree {
   // Takes a node, gives it the text, and parses one level or the whole tree.
   TempTree(Session& s, std::string text, Depth depth) : s_(s), root_(NewNode(s)) {
     s_.Pool[root_].Text = std::move(text);
-    if (depth == Depth::OneLevel) {
-      ParseOne(s_, root_);
-    } else {
-      ParseTree(s_, root_);
+    try {
+      if (depth == Depth::OneLevel) {
+        ParseOne(s_, root_);
+      } else {
+        ParseTree(s_, root_);
+      }
+    } catch (...) {
+      Release();  // the destructor does not run for a tree that was never made
+      throw;
     }
   }
   TempTree(const TempTree&) = delete;
   TempTree& operator=(const TempTree&) = delete;
-  ~TempTree() {
+  ~TempTree() { Release(); }
+
+  NodeIdx Root() const { return root_; }
+  const ExprNode& operator[](NodeIdx n) const { return s_.Pool[n]; }
+
+ private:
+  void Release() noexcept {
     try {
       FreeChildren(s_, root_);
       FreeNode(s_, root_);
@@ -31,10 +42,6 @@ class TempTree {
     }
   }
 
-  NodeIdx Root() const { return root_; }
-  const ExprNode& operator[](NodeIdx n) const { return s_.Pool[n]; }
-
- private:
   Session& s_;
   NodeIdx root_;
 };
