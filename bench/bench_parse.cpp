@@ -81,7 +81,8 @@ void BM_LongSum(benchmark::State& state) {
   InitFunctionTable(s);
   InitNodePool(s);
   std::string text = "x";
-  for (int i = 0; i < state.range(0); ++i) text += "+" + std::to_string(i) + "x^" + std::to_string(i % 5);
+  for (int i = 0; i < state.range(0); ++i)
+    text += "+" + std::to_string(i) + "x^" + std::to_string(i % 5);
   for (auto _ : state) {
     const NodeIdx n = NewNode(s);
     LoadSide(s, n, text);

@@ -94,7 +94,8 @@ int Main(int argc, char** argv) {
         setting = arg.substr(6);
       }
       const std::size_t equals = setting.find('=');
-      if (equals == std::string::npos) return Usage("--set needs KEY=VALUE, not \"" + setting + "\".");
+      if (equals == std::string::npos)
+        return Usage("--set needs KEY=VALUE, not \"" + setting + "\".");
       std::string error;
       if (!SetOptionFromText(s, setting.substr(0, equals), setting.substr(equals + 1), true,
                              error)) {

@@ -74,8 +74,8 @@ std::string ScientificPatternFormat(double x, int decimals, char decimal_point,
                                     bool exponent_plus) {
   RequireFinite(x);
   char buffer[64];
-  const auto result = std::to_chars(buffer, buffer + sizeof buffer, x,
-                                    std::chars_format::scientific, decimals);
+  const auto result =
+      std::to_chars(buffer, buffer + sizeof buffer, x, std::chars_format::scientific, decimals);
   const std::string text(buffer, result.ptr);
   const std::size_t e_at = text.find('e');
   std::string mantissa = text.substr(0, e_at);

@@ -46,7 +46,8 @@ char At(std::string_view text, int p) {
 // Text from position a to b, both 1-based and inclusive.
 std::string Mid(std::string_view text, int a, int b) {
   if (b < a || a > static_cast<int>(text.size())) return "";
-  return std::string(text.substr(static_cast<std::size_t>(a - 1), static_cast<std::size_t>(b - a + 1)));
+  return std::string(
+      text.substr(static_cast<std::size_t>(a - 1), static_cast<std::size_t>(b - a + 1)));
 }
 
 int CloseOrFail(std::string_view text, int p) {
@@ -197,7 +198,8 @@ void ParseTree(Session& s, NodeIdx n) {
 void ParseOne(Session& s, NodeIdx n) {
   {
     const ExprNode& node = s.Pool[n];
-    if (node.Kind == kKindNumber || node.Kind == kKindVariable || node.FirstChild != kNoNode) return;
+    if (node.Kind == kKindNumber || node.Kind == kKindVariable || node.FirstChild != kNoNode)
+      return;
   }
   std::string t = s.Pool[n].Text;
   bool in_container = false;
@@ -315,7 +317,8 @@ bool IsSoleFactor(const Session& s, NodeIdx n) {
     if (s.Pool[c].Role == kRoleNumerator) ++numerators;
     if (s.Pool[c].Role == kRoleDenominator) ++denominators;
   }
-  return (role == kRoleNumerator && numerators == 1) || (role == kRoleDenominator && denominators == 1);
+  return (role == kRoleNumerator && numerators == 1) ||
+         (role == kRoleDenominator && denominators == 1);
 }
 
 }  // namespace tavimor

@@ -63,9 +63,7 @@ void RegenerateOne(Session& s, NodeIdx n) {
         text += child.Text;
       }
       break;
-    case kRoleNone:
-      text = pool[first].Text;
-      break;
+    case kRoleNone: text = pool[first].Text; break;
     case kRoleExponent:  // base ^ exponent
       text = pool[pool[first].Next].Text + "^" + pool[first].Text;
       break;
@@ -79,7 +77,8 @@ void RegenerateOne(Session& s, NodeIdx n) {
     text = "(" + text + ")";
   } else if (node.Kind == kKindFunction) {
     const std::size_t open = node.Text.find('(');
-    text = node.Text.substr(0, open == std::string::npos ? node.Text.size() : open + 1) + text + ")";
+    text =
+        node.Text.substr(0, open == std::string::npos ? node.Text.size() : open + 1) + text + ")";
   }
   s.Pool[n].Text = std::move(text);
 }

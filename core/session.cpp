@@ -30,7 +30,8 @@ void Session::SetFirstRunOptions() {
 
 namespace {
 constexpr std::array<const char*, kFunctionCount> kNames = {
-    "sin", "cos", "tan", "arcsin", "arccos", "arctan", "ln", "exp", "log", "sqrt", "cot", "sec", "csc"};
+    "sin", "cos", "tan",  "arcsin", "arccos", "arctan", "ln",
+    "exp", "log", "sqrt", "cot",    "sec",    "csc"};
 }  // namespace
 
 void InitFunctionTable(Session& s) {

@@ -14,7 +14,9 @@ namespace {
 
 constexpr int kValidationHelp = 2;
 
-bool OneOf(char c, std::string_view set) { return c != '\0' && set.find(c) != std::string_view::npos; }
+bool OneOf(char c, std::string_view set) {
+  return c != '\0' && set.find(c) != std::string_view::npos;
+}
 
 bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -45,7 +47,9 @@ std::string ItemMessage(const Session& s, const std::string& item, const std::st
     if (at == item.size() - 1) return head + "Missing right side.";
   }
   const int n = static_cast<int>(item.size());
-  auto at = [&](int p) { return (p >= 1 && p <= n) ? item[static_cast<std::size_t>(p - 1)] : '\0'; };
+  auto at = [&](int p) {
+    return (p >= 1 && p <= n) ? item[static_cast<std::size_t>(p - 1)] : '\0';
+  };
   for (int p = 1; p <= n; ++p) {
     const char c = at(p);
     const char next = at(p + 1);

@@ -25,7 +25,7 @@ struct OptionKey {
   const char* key;
   Form form;
   Member member;
-  int low;   // range of an integer or a number, as the options dialog offers it
+  int low;  // range of an integer or a number, as the options dialog offers it
   int high;
 };
 
@@ -43,8 +43,7 @@ constexpr std::array<OptionKey, 21> kTable{{
     {"Sig figs", Form::Integer, &Session::SigFigs, 1, 8},
     {"Exponent to radical", Form::Flag, &Session::ExponentToRadical, 0, 0},
     {"Exponent to reciprocal", Form::Flag, &Session::ExponentToReciprocal, 0, 0},
-    {"Exponent to exponential function", Form::Flag, &Session::ExponentToExponentialFunction, 0,
-     0},
+    {"Exponent to exponential function", Form::Flag, &Session::ExponentToExponentialFunction, 0, 0},
     {"Exact to float", Form::Flag, &Session::ExactToFloat, 0, 0},
     {"IniSplashScreen", Form::Flag, &Session::ShowWelcomeScreen, 0, 0},
     {"Form width", Form::Number, &Session::FormWidth, 1, 1000000},

@@ -58,17 +58,25 @@ TEST_F(ParseTest, BracketedNegativeBaseIsAPower) {
   EXPECT_EQ(ChildCodes(Child(n, 2)), " N:-2");
 }
 
-TEST_F(ParseTest, NegativeNumberTimesLetter) { EXPECT_EQ(ChildCodes(Parsed("-2x")), "NN:-2 | NV:x"); }
+TEST_F(ParseTest, NegativeNumberTimesLetter) {
+  EXPECT_EQ(ChildCodes(Parsed("-2x")), "NN:-2 | NV:x");
+}
 
 TEST_F(ParseTest, LoneMinusIsAPseudoNumberFactor) {
   EXPECT_EQ(ChildCodes(Parsed("-x")), "NN:- | NV:x");
 }
 
-TEST_F(ParseTest, LonePlusIsAPseudoNumberFactor) { EXPECT_EQ(ChildCodes(Parsed("+x")), "NN:+ | NV:x"); }
+TEST_F(ParseTest, LonePlusIsAPseudoNumberFactor) {
+  EXPECT_EQ(ChildCodes(Parsed("+x")), "NN:+ | NV:x");
+}
 
-TEST_F(ParseTest, TypedLeadingPlusHasRoleOne) { EXPECT_EQ(ChildCodes(Parsed("+a+b")), "1V:a | +V:b"); }
+TEST_F(ParseTest, TypedLeadingPlusHasRoleOne) {
+  EXPECT_EQ(ChildCodes(Parsed("+a+b")), "1V:a | +V:b");
+}
 
-TEST_F(ParseTest, LeadingMinusOfASumIsARole) { EXPECT_EQ(ChildCodes(Parsed("-a+b")), "-V:a | +V:b"); }
+TEST_F(ParseTest, LeadingMinusOfASumIsARole) {
+  EXPECT_EQ(ChildCodes(Parsed("-a+b")), "-V:a | +V:b");
+}
 
 TEST_F(ParseTest, BracketedExponentIsHidden) {
   const NodeIdx n = Parsed("x^(a+b)");
@@ -142,7 +150,9 @@ TEST_F(ParseTest, PowerOfAFunction) {
   EXPECT_EQ(ChildCodes(Child(n, 2)), " V:x");
 }
 
-TEST_F(ParseTest, InverseFunctionIsOneName) { EXPECT_EQ(Codes(Parsed("arcsin(x)")), " F:arcsin(x)"); }
+TEST_F(ParseTest, InverseFunctionIsOneName) {
+  EXPECT_EQ(Codes(Parsed("arcsin(x)")), " F:arcsin(x)");
+}
 
 TEST_F(ParseTest, NumberExponentSignStaysInTheNumber) {
   EXPECT_EQ(ChildCodes(Parsed("x-1E-5")), "+V:x | -N:1E-5");

@@ -113,8 +113,9 @@ TEST_F(Predicates, WrapDepthMeasuresHowDeepTheUnknownSits) {
 }
 
 TEST_F(Predicates, EveryPredicateLeavesNodesInUseAsItWas) {
-  const std::vector<std::string> texts = {"x^2+2*x+1", "(a+b)/c", "-3", "1/x/y", "sin(x+1)^2",
-                                          "2E3", "", "+a+b", "(x)", "1/2+1/3", "[x+1]*2"};
+  const std::vector<std::string> texts = {"x^2+2*x+1",  "(a+b)/c", "-3",     "1/x/y",
+                                          "sin(x+1)^2", "2E3",     "",       "+a+b",
+                                          "(x)",        "1/2+1/3", "[x+1]*2"};
   std::string a;
   std::string b;
   const std::vector<std::function<void(const std::string&)>> predicates = {

@@ -29,15 +29,15 @@ class ItemGenerator {
   int Pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
 
   std::string Number() {
-    static constexpr const char* kNumbers[] = {"2",    "3",      "0.5",  "12",   "2E3", "1.5E-4",
+    static constexpr const char* kNumbers[] = {"2",    "3",      "0.5",   "12",  "2E3", "1.5E-4",
                                                "7.25", "100000", "0.001", "3.0", ".5",  "6E12"};
     return kNumbers[Pick(12)];
   }
   std::string Letter() { return std::string(1, "xyzabtEe"[Pick(8)]); }
   std::string Function() {
-    static constexpr const char* kNames[] = {"sin", "cos", "tan", "arcsin", "arccos", "arctan",
-                                             "ln",  "exp", "log", "sqrt",   "cot",    "sec",
-                                             "csc"};
+    static constexpr const char* kNames[] = {"sin",    "cos", "tan", "arcsin", "arccos",
+                                             "arctan", "ln",  "exp", "log",    "sqrt",
+                                             "cot",    "sec", "csc"};
     return kNames[Pick(13)];
   }
   std::string Atom(int depth) {
@@ -96,7 +96,8 @@ class RoundTrip : public SessionTest {
       out += std::to_string(depth) + N(n).Role + kind + N(n).Text + "\n";
       std::vector<NodeIdx> children;
       for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) children.push_back(c);
-      for (auto it = children.rbegin(); it != children.rend(); ++it) pending.emplace_back(*it, depth + 1);
+      for (auto it = children.rbegin(); it != children.rend(); ++it)
+        pending.emplace_back(*it, depth + 1);
     }
     return out;
   }

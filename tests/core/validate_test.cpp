@@ -27,9 +27,9 @@ class ValidateInputTest : public SessionTest {
 };
 
 TEST_F(ValidateInputTest, AcceptsOrdinaryItems) {
-  for (const char* text : {"2x+3=7", "x^2-5x+6", "sin(x)^2+cos(x)^2", "(a+b)/(c-d)", "[x+1]*2",
-                           "3.5E-4x", "arcsin(x)", "a=b;c=d", "-x", "+a+b", "x^(-2)", "1.5",
-                           "ln(x)=log(y)", "sqrt(2)", "((x))"}) {
+  for (const char* text :
+       {"2x+3=7", "x^2-5x+6", "sin(x)^2+cos(x)^2", "(a+b)/(c-d)", "[x+1]*2", "3.5E-4x", "arcsin(x)",
+        "a=b;c=d", "-x", "+a+b", "x^(-2)", "1.5", "ln(x)=log(y)", "sqrt(2)", "((x))"}) {
     EXPECT_EQ(Refusal(text), "") << text;
   }
 }
@@ -49,7 +49,8 @@ TEST_F(ValidateInputTest, RemoveSpacesTrimsAndRemovesEveryBlank) {
 TEST_F(ValidateInputTest, RefusesAForeignCharacter) {
   EXPECT_EQ(Refusal("2x+3!"), "Error in input string.  The character  !  is not allowed.");
   EXPECT_EQ(Refusal("x_1"), "Error in input string.  The character  _  is not allowed.");
-  EXPECT_EQ(Refusal("x\xC2\xB2"), "Error in input string.  The character  \xC2\xB2  is not allowed.");
+  EXPECT_EQ(Refusal("x\xC2\xB2"),
+            "Error in input string.  The character  \xC2\xB2  is not allowed.");
 }
 
 TEST_F(ValidateInputTest, OtherSeparatorIsNotANumberCharacter) {
@@ -108,9 +109,12 @@ TEST_F(ValidateInputTest, RefusesOperatorAtTheBeginning) {
 }
 
 TEST_F(ValidateInputTest, RefusesOperatorAfterOpeningBracketOrEquals) {
-  EXPECT_EQ(Refusal("x=*2"), "Error in input string.  Invalid symbol * at beginning of expression.");
-  EXPECT_EQ(Refusal("(/x)"), "Error in input string.  Invalid symbol / at beginning of expression.");
-  EXPECT_EQ(Refusal("[^x]"), "Error in input string.  Invalid symbol ^ at beginning of expression.");
+  EXPECT_EQ(Refusal("x=*2"),
+            "Error in input string.  Invalid symbol * at beginning of expression.");
+  EXPECT_EQ(Refusal("(/x)"),
+            "Error in input string.  Invalid symbol / at beginning of expression.");
+  EXPECT_EQ(Refusal("[^x]"),
+            "Error in input string.  Invalid symbol ^ at beginning of expression.");
 }
 
 TEST_F(ValidateInputTest, EmptyBracketsAreRefusedOnTheClosingBracket) {
@@ -150,7 +154,9 @@ TEST_F(ValidateInputTest, FunctionNameInsideALongerWordIsRefused) {
             "brackets.");
 }
 
-TEST_F(ValidateInputTest, InverseFunctionPassesForBothNames) { EXPECT_EQ(Refusal("arcsin(x)"), ""); }
+TEST_F(ValidateInputTest, InverseFunctionPassesForBothNames) {
+  EXPECT_EQ(Refusal("arcsin(x)"), "");
+}
 
 TEST_F(ValidateInputTest, OperatorFollowedByOperatorIsRefused) {
   EXPECT_EQ(Refusal("x^-2"),
@@ -182,9 +188,11 @@ TEST_F(ValidateInputTest, SetIsSplitIntoItemsAndTheFirstIsNamed) {
 
 TEST_F(ValidateInputTest, EachTestAtAPositionComesInItsOrder) {
   // "(" followed by ")" is a beginning fault before the end fault of the same ")".
-  EXPECT_EQ(Refusal("x+()"), "Error in input string.  Invalid symbol ) at beginning of expression.");
+  EXPECT_EQ(Refusal("x+()"),
+            "Error in input string.  Invalid symbol ) at beginning of expression.");
   // The operator pair at the second position fires before the end test at the third.
-  EXPECT_EQ(Refusal("x*/"), "Error in input string.  An operator (+, -, *, / or ^) is followed by the symbol /");
+  EXPECT_EQ(Refusal("x*/"),
+            "Error in input string.  An operator (+, -, *, / or ^) is followed by the symbol /");
 }
 
 }  // namespace
