@@ -60,6 +60,20 @@ struct ExprNode {
   float Scratch2 = 0.0f;
 };
 
+// Counts the steps of a walk along links; a walk longer than any tree of the pool can need has met
+// links that loop, and raises the run-time error instead of hanging.
+class WalkGuard {
+ public:
+  void Step() {
+    if (++steps_ > 8 * kPoolSize) {
+      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
+    }
+  }
+
+ private:
+  int steps_ = 0;
+};
+
 // 1000 records with indices 1 to 1000. Every access is bounds-tested: an index of 0 or beyond
 // 1000 raises the run-time error "Subscript out of range", which is also how a full pool fails.
 class NodePool {

@@ -3,19 +3,6 @@
 
 namespace tavimor {
 
-namespace {
-
-// A walk over a tree that takes more steps than this has met links that loop.
-constexpr int kWalkLimit = 8 * kPoolSize;
-
-void CountWalkStep(int& steps) {
-  if (++steps > kWalkLimit) {
-    throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-  }
-}
-
-}  // namespace
-
 void NodePool::Init() {
   for (int i = 1; i <= kPoolSize; ++i) {
     ExprNode& r = records_[static_cast<std::size_t>(i)];
@@ -60,10 +47,10 @@ void FreeNode(Session& s, NodeIdx n) {
 
 void FreeChildren(Session& s, NodeIdx n) {
   NodePool& pool = s.Pool;
-  int steps = 0;
+  WalkGuard guard;
   NodeIdx cur = pool[n].FirstChild;
   while (cur != kNoNode) {
-    CountWalkStep(steps);
+    guard.Step();
     // Down to a leaf, then along to the last sibling, descending wherever a sibling has children.
     if (pool[cur].FirstChild != kNoNode) {
       cur = pool[cur].FirstChild;
@@ -75,7 +62,7 @@ void FreeChildren(Session& s, NodeIdx n) {
     }
     // Every sibling is childless now: free them back to the first, then the family is gone.
     while (pool[cur].Prev != kNoNode) {
-      CountWalkStep(steps);
+      guard.Step();
       const NodeIdx prev = pool[cur].Prev;
       FreeNode(s, cur);
       cur = prev;
@@ -91,9 +78,9 @@ void FreeChildren(Session& s, NodeIdx n) {
 }
 
 NodeIdx ParentOf(const Session& s, NodeIdx n) {
-  int steps = 0;
+  WalkGuard guard;
   while (s.Pool[n].Prev != kNoNode) {
-    CountWalkStep(steps);
+    guard.Step();
     n = s.Pool[n].Prev;
   }
   return s.Pool[n].Parent;
@@ -130,9 +117,9 @@ void AppendChild(Session& s, NodeIdx parent, NodeIdx child) {
     pool[child].Parent = parent;
     pool[child].Prev = kNoNode;
   } else {
-    int steps = 0;
+    WalkGuard guard;
     while (pool[last].Next != kNoNode) {
-      CountWalkStep(steps);
+      guard.Step();
       last = pool[last].Next;
     }
     pool[last].Next = child;

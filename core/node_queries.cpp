@@ -9,19 +9,13 @@ namespace tavimor {
 
 namespace {
 
-void RequireWalkable(int& steps) {
-  if (++steps > 8 * kPoolSize) {
-    throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-  }
-}
-
 // Post-order over the subtree, the node last, without recursion.
 template <typename Visit>
 void PostOrder(const Session& s, NodeIdx n, Visit visit) {
   std::vector<std::pair<NodeIdx, bool>> stack{{n, false}};
-  int steps = 0;
+  WalkGuard guard;
   while (!stack.empty()) {
-    RequireWalkable(steps);
+    guard.Step();
     auto [node, expanded] = stack.back();
     stack.pop_back();
     if (expanded) {
@@ -31,7 +25,7 @@ void PostOrder(const Session& s, NodeIdx n, Visit visit) {
     stack.emplace_back(node, true);
     std::vector<NodeIdx> children;
     for (NodeIdx c = s.Pool[node].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
-      RequireWalkable(steps);
+      guard.Step();
       children.push_back(c);
     }
     for (auto it = children.rbegin(); it != children.rend(); ++it) stack.emplace_back(*it, false);
@@ -53,18 +47,18 @@ bool IsImagUnit(const Session& s, const std::string& text, const std::string& un
 }  // namespace
 
 bool IsChildOf(const Session& s, NodeIdx n, NodeIdx parent) {
-  int steps = 0;
+  WalkGuard guard;
   for (NodeIdx c = s.Pool[parent].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
-    RequireWalkable(steps);
+    guard.Step();
     if (c == n) return true;
   }
   return false;
 }
 
 NodeIdx TopChildBelow(const Session& s, NodeIdx n, NodeIdx root) {
-  int steps = 0;
+  WalkGuard guard;
   while (n != kNoNode && n != root) {
-    RequireWalkable(steps);
+    guard.Step();
     const NodeIdx parent = ParentOf(s, n);
     if (parent == root) return n;
     n = parent;

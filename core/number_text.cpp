@@ -126,11 +126,9 @@ void NormaliseNumbers(Session& s, NodeIdx n) {
     // A text that cannot be read as a float keeps its own form rather than becoming empty.
     if (!normal.empty()) node.Text = std::move(normal);
   }
-  int visited = 0;
+  WalkGuard guard;
   for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) {
-    if (++visited > kPoolSize) {
-      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-    }
+    guard.Step();
     NormaliseNumbers(s, c);
   }
 }

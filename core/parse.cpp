@@ -186,11 +186,9 @@ bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 
 void ParseTree(Session& s, NodeIdx n) {
   ParseOne(s, n);
-  int visited = 0;
+  WalkGuard guard;
   for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
-    if (++visited > kPoolSize) {
-      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-    }
+    guard.Step();
     ParseTree(s, c);
   }
 }
@@ -309,11 +307,9 @@ bool IsSoleFactor(const Session& s, NodeIdx n) {
   while (s.Pool[first].Prev != kNoNode) first = s.Pool[first].Prev;
   int numerators = 0;
   int denominators = 0;
-  int visited = 0;
+  WalkGuard guard;
   for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
-    if (++visited > kPoolSize) {
-      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-    }
+    guard.Step();
     if (s.Pool[c].Role == kRoleNumerator) ++numerators;
     if (s.Pool[c].Role == kRoleDenominator) ++denominators;
   }

@@ -9,11 +9,9 @@ namespace tavimor {
 void RegenerateAll(Session& s, NodeIdx n) {
   NodePool& pool = s.Pool;
   NodeIdx cur = pool[n].FirstChild;
-  int steps = 0;
+  WalkGuard guard;
   while (cur != kNoNode) {
-    if (++steps > 8 * kPoolSize) {
-      throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-    }
+    guard.Step();
     if (pool[cur].FirstChild != kNoNode) {
       cur = pool[cur].FirstChild;
       continue;
@@ -24,9 +22,7 @@ void RegenerateAll(Session& s, NodeIdx n) {
       RegenerateOne(s, parent);
       if (parent == n) return;
       cur = parent;
-      if (++steps > 8 * kPoolSize) {
-        throw RunTimeError(RunTimeErrorNumber::BrokenTree, "The links of a tree form a loop");
-      }
+      guard.Step();
     }
     cur = pool[cur].Next;
   }
