@@ -39,12 +39,15 @@ Options:
 The tutor starts from the first-run options, never from saved settings, so that
 its output is the same on every machine.
 
+Exit status: 0 done, 2 item refused (its message is on standard error),
+64 a mistake on the command line.
+
 Option keys:
 )";
 
 int Usage(const std::string& problem) {
   std::cerr << "tavimor-cli: " << problem << "\nTry 'tavimor-cli --help'.\n";
-  return kExitRefused;
+  return kExitUsage;
 }
 
 // Items typed one per line; each is shown as the tree command shows it.

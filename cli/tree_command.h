@@ -11,6 +11,7 @@ namespace tavimor {
 // Exit statuses of the terminal tutor.
 inline constexpr int kExitOk = 0;
 inline constexpr int kExitRefused = 2;
+inline constexpr int kExitUsage = 64;
 
 // Prints the tree of a node, one node per line, two blanks of indentation per level.
 void PrintTree(const Session& s, NodeIdx root, std::ostream& out);

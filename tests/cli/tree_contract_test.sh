@@ -42,11 +42,11 @@ check "decimal comma" 0 "¶N     1,5" "" --decimal-comma tree "1,50"
 
 check "a set option changes nothing the tree shows" 0 "¶V     p" "" --set "Special P=True" tree "p"
 
-check "bad option value is refused" 2 "" \
+check "bad option value is a usage mistake" 64 "" \
   "tavimor-cli: The option \"Complex form\" takes a whole number from 0 to 3, not \"9\".
 Try 'tavimor-cli --help'." --set "Complex form=9" tree "x"
 
-check "unknown command" 2 "" "tavimor-cli: unknown command \"frobnicate\".
+check "unknown command is a usage mistake" 64 "" "tavimor-cli: unknown command \"frobnicate\".
 Try 'tavimor-cli --help'." frobnicate x
 
 help=$("$cli" --help)
