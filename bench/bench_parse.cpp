@@ -9,14 +9,10 @@
 #include "core/regenerate.h"
 #include "core/session.h"
 #include "core/validate.h"
+#include "support/recording_frontend.h"
 
 namespace tavimor {
 namespace {
-
-class NullFrontend : public Frontend {
- public:
-  void ShowMessageBox(const std::string&, int, MessageIcon) override {}
-};
 
 const std::vector<std::string> kItems = {
     "2x+3=7",
@@ -30,7 +26,7 @@ const std::vector<std::string> kItems = {
 };
 
 void BM_ValidateInput(benchmark::State& state) {
-  NullFrontend frontend;
+  RecordingFrontend frontend;
   Session s(frontend);
   for (auto _ : state) {
     for (const std::string& item : kItems) {
@@ -43,7 +39,7 @@ void BM_ValidateInput(benchmark::State& state) {
 BENCHMARK(BM_ValidateInput);
 
 void BM_ParseNormaliseRegenerate(benchmark::State& state) {
-  NullFrontend frontend;
+  RecordingFrontend frontend;
   Session s(frontend);
   InitFunctionTable(s);
   InitNodePool(s);
@@ -62,7 +58,7 @@ void BM_ParseNormaliseRegenerate(benchmark::State& state) {
 BENCHMARK(BM_ParseNormaliseRegenerate);
 
 void BM_RegenerateOnly(benchmark::State& state) {
-  NullFrontend frontend;
+  RecordingFrontend frontend;
   Session s(frontend);
   InitFunctionTable(s);
   InitNodePool(s);
@@ -76,7 +72,7 @@ void BM_RegenerateOnly(benchmark::State& state) {
 BENCHMARK(BM_RegenerateOnly);
 
 void BM_LongSum(benchmark::State& state) {
-  NullFrontend frontend;
+  RecordingFrontend frontend;
   Session s(frontend);
   InitFunctionTable(s);
   InitNodePool(s);

@@ -1,18 +1,60 @@
-// The terminal's side of the front-end interface: messages go to standard error.
+// The terminal's side of the front-end interface: the work space kept as rich text and printed
+// with its mathematics set in two dimensions; pauses and questions at the prompt.
 #pragma once
 
-#include <iostream>
+#include <iosfwd>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "core/frontend.h"
+#include "core/session.h"
+#include "present/display_list.h"
+#include "present/rich_text.h"
 
 namespace tavimor {
 
 class TerminalFrontend : public Frontend {
  public:
-  void ShowMessageBox(const std::string& text, int /*help_number*/, MessageIcon /*icon*/) override {
-    std::cerr << text << '\n';
-  }
+  // With `live`, the work space is printed line by line as it is written, and pauses and
+  // questions are asked on `in`; otherwise nothing waits and questions take their defaults.
+  TerminalFrontend(std::ostream& out, std::ostream& err, std::istream& in, bool live)
+      : out_(out), err_(err), in_(in), live_(live) {}
+
+  void AttachSession(Session& s) { s_ = &s; }
+
+  void AppendToWorkSpace(const RichRun& run) override;
+  void ClearWorkSpace() override;
+  const FontMetrics& Metrics() override { return metrics_; }
+  PauseInput WaitButton(const std::string& tag, float x, float y) override;
+  void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) override;
+  void ShowHintBox(const RichText& body, int help_number) override;
+  bool AskYesNo(const std::string& question) override;
+  std::optional<std::string> AskText(const std::string& question,
+                                     const std::string& suggestion) override;
+  void ShowHelp(int help_number) override;
+
+  // Prints what is left of the current line (live mode).
+  void Flush();
+  const RichText& WorkSpace() const { return work_space_; }
+  const std::vector<std::string>& Messages() const { return messages_; }
+  const std::vector<std::string>& Hints() const { return hints_; }
+  // Forgets the work space and the messages, for the next line of a batch.
+  void Reset();
+
+ private:
+  void PrintLines(const RichText& runs);
+
+  std::ostream& out_;
+  std::ostream& err_;
+  std::istream& in_;
+  bool live_;
+  Session* s_ = nullptr;
+  FixedMetrics metrics_;
+  RichText work_space_;
+  RichText pending_line_;  // live mode: the runs of the line not yet printed
+  std::vector<std::string> messages_;
+  std::vector<std::string> hints_;
 };
 
 }  // namespace tavimor

@@ -1,11 +1,24 @@
 // The interface through which the engines reach whoever shows their work: window, terminal or test.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace tavimor {
 
+struct RichRun;
+class FontMetrics;
+using RichText = std::vector<RichRun>;
+
 enum class MessageIcon { Information, Critical };
+
+// What the student did at the pacing button.
+enum class PauseInput {
+  Continue,     // left button or Enter
+  RightButton,  // asks whether to stop a solve
+  Escape,       // stops without asking
+  Help,         // F1: the help topic of the last step; the button stays
+};
 
 // Engines never paint, print or block: they report through this interface. Each front end
 // implements it; tests use a recording one.
@@ -13,8 +26,26 @@ class Frontend {
  public:
   virtual ~Frontend() = default;
 
+  // Appends a run to the work space, which only grows.
+  virtual void AppendToWorkSpace(const RichRun& run) = 0;
+  virtual void ClearWorkSpace() = 0;
+  // How the work space measures text, for the typesetter.
+  virtual const FontMetrics& Metrics() = 0;
+
+  // The pacing button, shown modally at (x, y) over the command that was pressed; `tag` says who
+  // waits: "print" inside a message, "simp frac", "add fracs", "sys eqs", else a solve.
+  virtual PauseInput WaitButton(const std::string& tag, float x, float y) = 0;
   // A modal message box with a help button leading to the topic `help_number` (0: no topic).
   virtual void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) = 0;
+  // The hint box, holding rich text with inline mathematics.
+  virtual void ShowHintBox(const RichText& body, int help_number) = 0;
+  // A question with Yes and No.
+  virtual bool AskYesNo(const std::string& question) = 0;
+  // A question answered with a short text; nothing when the student cancels.
+  virtual std::optional<std::string> AskText(const std::string& question,
+                                             const std::string& suggestion) = 0;
+  // The help topic with that number.
+  virtual void ShowHelp(int help_number) = 0;
 };
 
 }  // namespace tavimor

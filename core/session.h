@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/expr_node.h"
+#include "core/form_state.h"
 #include "core/frontend.h"
 
 namespace tavimor {
@@ -73,6 +74,34 @@ class Session {
   std::int16_t SubstitutionCount = 0;
   std::vector<EquationRow> EquationList;
   std::vector<NodeIdx> ImagNodes;  // at most 100, see CollectImagUnits
+
+  // The main form, screen-free.
+  FormState Form;
+  // The Tag of the solve button: "Cancel;" once the student has asked to stop.
+  std::string AutoSolveTag;
+  // The field Q of the do-to-both-sides tool: the last operation applied to both sides.
+  std::string DoToBothSidesQ;
+  // The hint text kept for the hint box.
+  std::string StoredHint;
+
+  // The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.
+  std::vector<std::string> ListEntries;  // entry i at index i - 1
+  std::int16_t EqnInsertPos = 1;
+  bool EqnAddedFlag = false;
+
+  // Shadow copies of the options a command may force.
+  bool SavedExponentToReciprocal = true;
+  bool SavedExponentToRadical = true;
+  bool SavedExactToFloat = false;
+  std::int16_t SavedComplexForm = 0;
+  // Switches of the engines, true at the start of a command.
+  bool DistributeMinus = true;
+  bool ComplexProducts = true;
+  // 1 normally, 2 while a denominator is expanded too.
+  std::int16_t ExpandMode = 1;
+
+  // Diagnostics of the running command: its start in seconds of a steady clock.
+  double CommandStartSeconds = 0.0;
 
   // The function name table, filled by InitFunctionTable.
   std::array<std::string, kFunctionCount + 1> FunctionNames{};  // 1-based

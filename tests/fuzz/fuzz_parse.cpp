@@ -10,20 +10,12 @@
 #include "core/regenerate.h"
 #include "core/session.h"
 #include "core/validate.h"
-
-namespace {
-
-class NullFrontend : public tavimor::Frontend {
- public:
-  void ShowMessageBox(const std::string&, int, tavimor::MessageIcon) override {}
-};
-
-}  // namespace
+#include "support/recording_frontend.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tavimor;
   if (size > 4096) return 0;
-  NullFrontend frontend;
+  RecordingFrontend frontend;
   Session s(frontend);
   if (size > 0 && data[0] == ',') s.DecimalPoint = ",";
   std::string text(reinterpret_cast<const char*>(data), size);

@@ -1,10 +1,14 @@
-// A front end for tests that records every message box instead of showing it.
+// A front end for tests that records everything the engines show and answers from a script.
 #pragma once
 
+#include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/frontend.h"
+#include "present/display_list.h"
+#include "present/rich_text.h"
 
 namespace tavimor {
 
@@ -16,10 +20,51 @@ struct RecordedMessage {
 
 class RecordingFrontend : public Frontend {
  public:
+  void AppendToWorkSpace(const RichRun& run) override { work_space.push_back(run); }
+  void ClearWorkSpace() override {
+    work_space.clear();
+    ++clears;
+  }
+  const FontMetrics& Metrics() override { return metrics; }
+  PauseInput WaitButton(const std::string& tag, float, float) override {
+    pauses.push_back(tag);
+    if (pause_answers.empty()) return PauseInput::Continue;
+    const PauseInput answer = pause_answers.front();
+    pause_answers.pop_front();
+    return answer;
+  }
   void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) override {
     messages.push_back({text, help_number, icon});
   }
+  void ShowHintBox(const RichText& body, int help_number) override {
+    hints.push_back(PlainText(body));
+    hint_help.push_back(help_number);
+  }
+  bool AskYesNo(const std::string& question) override {
+    questions.push_back(question);
+    return yes;
+  }
+  std::optional<std::string> AskText(const std::string& question, const std::string&) override {
+    questions.push_back(question);
+    return text_answer;
+  }
+  void ShowHelp(int help_number) override { help_shown.push_back(help_number); }
+
+  // The work space as plain text, pictures as "@mathematics@".
+  std::string Transcript() const { return PlainText(work_space); }
+
+  FixedMetrics metrics;
+  RichText work_space;
+  int clears = 0;
+  std::vector<std::string> pauses;
+  std::deque<PauseInput> pause_answers;
   std::vector<RecordedMessage> messages;
+  std::vector<std::string> hints;
+  std::vector<int> hint_help;
+  std::vector<std::string> questions;
+  bool yes = true;
+  std::optional<std::string> text_answer;
+  std::vector<int> help_shown;
 };
 
 }  // namespace tavimor

@@ -1,0 +1,21 @@
+// The step-message markup: the help prefix, line marks, and the relation inside inline mathematics.
+#pragma once
+
+#include <string>
+
+namespace tavimor {
+
+// The leading number of a message (0 if none) and the message without the prefix up to and
+// including its first "#".
+int HelpNumberOf(const std::string& message);
+std::string StripHelpPrefix(const std::string& message);
+
+// The first "|" or "\\" in the text (1-based), and which; 0 and "" if neither occurs.
+void FindBreak(const std::string& text, int& position, std::string& mark);
+
+// Splits the text at the first relation found, in the order "->", ">=", "<=", ">", "<", "=":
+// `text` becomes the left side, `right` the right side, `code` 6, 5, 4, 3, 2 or 1; code 0 and an
+// empty right side if none occurs.
+void FindRelation(std::string& text, std::string& right, int& code);
+
+}  // namespace tavimor

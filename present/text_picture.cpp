@@ -1,0 +1,364 @@
+// Mathematics set in two dimensions as lines of text, for the terminal: fractions stacked,
+// exponents raised, brackets as tall as their content, roots with a radical.
+#include "present/text_picture.h"
+
+#include <algorithm>
+#include <map>
+
+#include "core/brackets.h"
+#include "core/node_pool.h"
+#include "core/parse.h"
+#include "core/pieces.h"
+#include "present/typesetter.h"
+
+namespace tavimor {
+
+namespace {
+
+const std::map<char32_t, char32_t> kSuperscripts = {
+    {U'0', U'⁰'}, {U'1', U'¹'}, {U'2', U'²'}, {U'3', U'³'}, {U'4', U'⁴'}, {U'5', U'⁵'},
+    {U'6', U'⁶'}, {U'7', U'⁷'}, {U'8', U'⁸'}, {U'9', U'⁹'}, {U'+', U'⁺'}, {U'-', U'⁻'},
+    {U'a', U'ᵃ'}, {U'b', U'ᵇ'}, {U'c', U'ᶜ'}, {U'd', U'ᵈ'}, {U'e', U'ᵉ'}, {U'f', U'ᶠ'},
+    {U'g', U'ᵍ'}, {U'h', U'ʰ'}, {U'i', U'ⁱ'}, {U'j', U'ʲ'}, {U'k', U'ᵏ'}, {U'l', U'ˡ'},
+    {U'm', U'ᵐ'}, {U'n', U'ⁿ'}, {U'o', U'ᵒ'}, {U'p', U'ᵖ'}, {U'r', U'ʳ'}, {U's', U'ˢ'},
+    {U't', U'ᵗ'}, {U'u', U'ᵘ'}, {U'v', U'ᵛ'}, {U'w', U'ʷ'}, {U'x', U'ˣ'}, {U'y', U'ʸ'},
+    {U'z', U'ᶻ'}};
+
+const char32_t* kRelationSigns[] = {U" ", U" = ", U" < ", U" > ", U" ≤ ", U" ≥ ", U"  →  "};
+
+bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
+
+TextBlock PadTo(TextBlock block, int above, int below, int width) {
+  const int w = std::max(width, block.Width());
+  for (auto& row : block.rows) row.resize(static_cast<std::size_t>(w), U' ');
+  block.rows.insert(block.rows.begin(), static_cast<std::size_t>(above), std::u32string(w, U' '));
+  block.rows.insert(block.rows.end(), static_cast<std::size_t>(below), std::u32string(w, U' '));
+  block.baseline += above;
+  return block;
+}
+
+TextBlock Centered(const TextBlock& block, int width) {
+  TextBlock out;
+  const int left = (width - block.Width()) / 2;
+  for (const auto& row : block.rows) {
+    std::u32string line(static_cast<std::size_t>(left), U' ');
+    line += row;
+    line.resize(static_cast<std::size_t>(width), U' ');
+    out.rows.push_back(line);
+  }
+  out.baseline = block.baseline;
+  return out;
+}
+
+// A bracket column as tall as the block.
+TextBlock Bracketed(const TextBlock& content, bool shown) {
+  if (!shown) return content;
+  const int h = content.Height();
+  TextBlock open;
+  TextBlock close;
+  for (int i = 0; i < h; ++i) {
+    char32_t o = U'(';
+    char32_t c = U')';
+    if (h > 1) {
+      o = i == 0 ? U'⎛' : (i == h - 1 ? U'⎝' : U'⎜');
+      c = i == 0 ? U'⎞' : (i == h - 1 ? U'⎠' : U'⎟');
+    }
+    open.rows.push_back(std::u32string(1, o));
+    close.rows.push_back(std::u32string(1, c));
+  }
+  open.baseline = close.baseline = content.baseline;
+  return TextBlock::Join({open, content, close});
+}
+
+class TextLayout {
+ public:
+  explicit TextLayout(Session& s) : s_(s) {}
+  TextBlock Render(NodeIdx n);
+
+ private:
+  const ExprNode& N(NodeIdx n) const { return s_.Pool[n]; }
+  TextBlock Leaf(NodeIdx n);
+  TextBlock Content(NodeIdx n);
+  TextBlock Sum(NodeIdx n);
+  TextBlock Row(const std::vector<NodeIdx>& factors);
+  TextBlock Product(NodeIdx n);
+  TextBlock Power(NodeIdx n);
+  std::u32string Superscript(NodeIdx exponent);
+
+  Session& s_;
+};
+
+TextBlock TextLayout::Leaf(NodeIdx n) {
+  const ExprNode& node = N(n);
+  std::string text = node.Text;
+  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-') text = "\xE2\x88\x92" + text.substr(1);
+  if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) text = "\xCF\x80";
+  if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) text = "\xC2\xB0";
+  return TextBlock::Line(Utf32(text));
+}
+
+TextBlock TextLayout::Render(NodeIdx n) {
+  const ExprNode& node = N(n);
+  if (node.FirstChild == kNoNode) return Leaf(n);
+  if (node.Kind == kKindPower) return Power(n);
+  if (node.Kind == kKindBracket) return Bracketed(Content(n), true);
+  if (node.Kind == kKindFunction) {
+    const std::string name = node.Text.substr(0, node.Text.find('('));
+    TextBlock content = Content(n);
+    if (name == "sqrt") {
+      // A bar over the content, the root sign on its last row.
+      TextBlock root;
+      root.rows.push_back(U" " + std::u32string(static_cast<std::size_t>(content.Width()), U'_'));
+      for (int i = 0; i < content.Height(); ++i) {
+        const char32_t sign = i == content.Height() - 1 ? U'√' : U'│';
+        root.rows.push_back(std::u32string(1, sign) + content.rows[static_cast<std::size_t>(i)]);
+      }
+      root.baseline = content.baseline + 1;
+      return root;
+    }
+    return TextBlock::Join({TextBlock::Line(Utf32(name)), Bracketed(content, true)});
+  }
+  return Content(n);  // a sum or product of its own, or a hidden bracket
+}
+
+TextBlock TextLayout::Content(NodeIdx n) {
+  const NodeIdx first = N(n).FirstChild;
+  if (IsSumRole(N(first).Role)) return Sum(n);
+  if (N(first).Role == kRoleNumerator || N(first).Role == kRoleDenominator) return Product(n);
+  return Render(first);
+}
+
+TextBlock TextLayout::Sum(NodeIdx n) {
+  std::vector<TextBlock> parts;
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    const ExprNode& term = N(c);
+    if (term.Role == kRoleMinus) {
+      parts.push_back(TextBlock::Line(term.Prev == kNoNode ? U"−" : U" − "));
+    } else if (term.Role == kRoleLeadingPlus) {
+      parts.push_back(TextBlock::Line(U"+"));
+    } else if (term.Prev != kNoNode) {
+      parts.push_back(TextBlock::Line(U" + "));
+    }
+    parts.push_back(Render(c));
+  }
+  return TextBlock::Join(parts);
+}
+
+TextBlock TextLayout::Row(const std::vector<NodeIdx>& factors) {
+  std::vector<TextBlock> parts;
+  NodeIdx previous = kNoNode;
+  for (const NodeIdx c : factors) {
+    if (previous != kNoNode && NeedsTimesSign(s_, previous, c)) parts.push_back(TextBlock::Line(U"·"));
+    parts.push_back(Render(c));
+    previous = c;
+  }
+  if (parts.empty()) parts.push_back(TextBlock::Line(U"1"));
+  return TextBlock::Join(parts);
+}
+
+TextBlock TextLayout::Product(NodeIdx n) {
+  std::vector<NodeIdx> top;
+  std::vector<NodeIdx> bottom;
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    (N(c).Role == kRoleDenominator ? bottom : top).push_back(c);
+  }
+  TextBlock numerator = Row(top);
+  if (bottom.empty()) return numerator;
+  // A pseudo sign before a fraction stays in front of the rule.
+  std::u32string sign;
+  if (top.size() > 1 && N(top[0]).Kind == kKindNumber && (N(top[0]).Text == "-" || N(top[0]).Text == "+")) {
+    sign = N(top[0]).Text == "-" ? U"−" : U"+";
+    numerator = Row(std::vector<NodeIdx>(top.begin() + 1, top.end()));
+  }
+  const TextBlock denominator = Row(bottom);
+  const int width = std::max(numerator.Width(), denominator.Width()) + 2;
+  TextBlock fraction;
+  for (const auto& row : Centered(numerator, width).rows) fraction.rows.push_back(row);
+  fraction.baseline = fraction.Height();
+  fraction.rows.push_back(std::u32string(static_cast<std::size_t>(width), U'─'));
+  for (const auto& row : Centered(denominator, width).rows) fraction.rows.push_back(row);
+  if (sign.empty()) return fraction;
+  return TextBlock::Join({TextBlock::Line(sign), fraction});
+}
+
+std::u32string TextLayout::Superscript(NodeIdx exponent) {
+  std::string text = N(exponent).Text;
+  if (N(exponent).Kind == kKindHiddenBracket) text = StripBrackets(text);
+  std::u32string out;
+  for (const char32_t c : Utf32(text)) {
+    const auto it = kSuperscripts.find(c);
+    if (it == kSuperscripts.end()) return U"";
+    out += it->second;
+  }
+  return out;
+}
+
+TextBlock TextLayout::Power(NodeIdx n) {
+  const NodeIdx e = N(n).FirstChild;
+  const NodeIdx b = N(e).Next;
+  TextBlock base = Render(b);
+  const std::u32string small = (s_.SpecialP || s_.SpecialD) ? U"" : Superscript(e);
+  if (!small.empty()) {
+    // Superscript characters on the top row of the base.
+    for (std::size_t i = 0; i < base.rows.size(); ++i) {
+      base.rows[i] += i == 0 ? small : std::u32string(small.size(), U' ');
+    }
+    return base;
+  }
+  const TextBlock exponent = Render(e);
+  TextBlock out;
+  const int width = base.Width() + exponent.Width();
+  for (const auto& row : exponent.rows) {
+    out.rows.push_back(std::u32string(static_cast<std::size_t>(base.Width()), U' ') + row);
+  }
+  for (auto row : base.rows) {
+    row.resize(static_cast<std::size_t>(width), U' ');
+    out.rows.push_back(row);
+  }
+  out.baseline = exponent.Height() + base.baseline;
+  return out;
+}
+
+TextBlock RenderText(Session& s, const std::string& text) {
+  const int pieces = CountPieces(text, ";");
+  if (pieces > 1) {
+    std::vector<TextBlock> parts;
+    for (int i = 1; i <= pieces; ++i) {
+      if (i > 1) parts.push_back(TextBlock::Line(U";  "));
+      parts.push_back(RenderText(s, GetPiece(text, i, ";")));
+    }
+    return TextBlock::Join(parts);
+  }
+  NodeIdx root = kNoNode;
+  try {
+    root = NewNode(s);
+    s.Pool[root].Text = text;
+    ParseTree(s, root);
+    TextBlock block = TextLayout(s).Render(root);
+    FreeChildren(s, root);
+    FreeNode(s, root);
+    return block;
+  } catch (const RunTimeError&) {
+    if (root != kNoNode) {
+      try {
+        FreeChildren(s, root);
+        FreeNode(s, root);
+      } catch (const RunTimeError&) {
+      }
+    }
+    return TextBlock::Line(Utf32(text));
+  }
+}
+
+}  // namespace
+
+TextBlock TextBlock::Line(const std::u32string& text) {
+  TextBlock block;
+  block.rows.push_back(text);
+  return block;
+}
+
+TextBlock TextBlock::Join(const std::vector<TextBlock>& blocks) {
+  int above = 0;
+  int below = 0;
+  for (const TextBlock& b : blocks) {
+    above = std::max(above, b.baseline);
+    below = std::max(below, b.Height() - 1 - b.baseline);
+  }
+  TextBlock out;
+  out.rows.assign(static_cast<std::size_t>(above + below + 1), U"");
+  out.baseline = above;
+  for (const TextBlock& b : blocks) {
+    const TextBlock padded = PadTo(b, above - b.baseline, below - (b.Height() - 1 - b.baseline), 0);
+    for (std::size_t i = 0; i < out.rows.size(); ++i) out.rows[i] += padded.rows[i];
+  }
+  return out;
+}
+
+std::vector<std::string> TextBlock::Utf8Rows() const {
+  std::vector<std::string> out;
+  for (const auto& row : rows) out.push_back(Utf8(row));
+  return out;
+}
+
+std::u32string Utf32(const std::string& utf8) {
+  std::u32string out;
+  for (std::size_t i = 0; i < utf8.size();) {
+    const auto c = static_cast<unsigned char>(utf8[i]);
+    int extra = 0;
+    char32_t code = c;
+    if (c >= 0xF0) {
+      extra = 3;
+      code = c & 0x07;
+    } else if (c >= 0xE0) {
+      extra = 2;
+      code = c & 0x0F;
+    } else if (c >= 0xC0) {
+      extra = 1;
+      code = c & 0x1F;
+    }
+    ++i;
+    for (int k = 0; k < extra && i < utf8.size(); ++k, ++i) {
+      code = (code << 6) | (static_cast<unsigned char>(utf8[i]) & 0x3F);
+    }
+    out += code;
+  }
+  return out;
+}
+
+std::string Utf8(const std::u32string& text) {
+  std::string out;
+  for (const char32_t c : text) {
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else if (c < 0x800) {
+      out += static_cast<char>(0xC0 | (c >> 6));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+      out += static_cast<char>(0xE0 | (c >> 12));
+      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+      out += static_cast<char>(0xF0 | (c >> 18));
+      out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+  }
+  return out;
+}
+
+TextBlock TextPicture(Session& s, const Picture& picture) {
+  if (picture.relation <= 0 || picture.relation > 6) return RenderText(s, picture.left);
+  return TextBlock::Join({RenderText(s, picture.left),
+                          TextBlock::Line(kRelationSigns[picture.relation]),
+                          RenderText(s, picture.right)});
+}
+
+std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
+  std::vector<std::string> lines;
+  std::vector<TextBlock> line;
+  auto flush = [&]() {
+    if (line.empty()) {
+      lines.emplace_back();
+      return;
+    }
+    for (std::string row : TextBlock::Join(line).Utf8Rows()) {
+      while (!row.empty() && row.back() == ' ') row.pop_back();
+      lines.push_back(row);
+    }
+    line.clear();
+  };
+  for (const RichRun& run : text) {
+    switch (run.kind) {
+      case RunKind::Text: line.push_back(TextBlock::Line(Utf32(run.text))); break;
+      case RunKind::Tab: line.push_back(TextBlock::Line(U"    ")); break;
+      case RunKind::Picture: line.push_back(TextPicture(s, run.picture)); break;
+      case RunKind::LineEnd: flush(); break;
+    }
+  }
+  if (!line.empty()) flush();
+  return lines;
+}
+
+}  // namespace tavimor

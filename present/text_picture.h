@@ -1,0 +1,36 @@
+// Mathematics set in two dimensions as lines of text, for the terminal: fractions stacked,
+// exponents raised, brackets as tall as their content, roots with a radical.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "present/rich_text.h"
+
+namespace tavimor {
+
+// A block of text lines of one width (in characters), with the row that holds its baseline.
+struct TextBlock {
+  std::vector<std::u32string> rows;
+  int baseline = 0;
+
+  int Width() const { return rows.empty() ? 0 : static_cast<int>(rows[0].size()); }
+  int Height() const { return static_cast<int>(rows.size()); }
+  static TextBlock Line(const std::u32string& text);
+  // Blocks side by side on one baseline.
+  static TextBlock Join(const std::vector<TextBlock>& blocks);
+  std::vector<std::string> Utf8Rows() const;
+};
+
+std::u32string Utf32(const std::string& utf8);
+std::string Utf8(const std::u32string& text);
+
+// The picture's mathematics as a text block. Text that cannot be parsed is shown as it is.
+TextBlock TextPicture(Session& s, const Picture& picture);
+
+// Rich text as lines for a terminal: each line of text with its pictures set in two dimensions,
+// tabs as four blanks.
+std::vector<std::string> RenderForTerminal(Session& s, const RichText& text);
+
+}  // namespace tavimor

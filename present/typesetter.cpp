@@ -1,0 +1,464 @@
+// The math typesetter: measures a tree and places it as a drawing of runs, rules, curves, radicals.
+#include "present/typesetter.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "core/node_pool.h"
+#include "core/parse.h"
+#include "core/pieces.h"
+#include "present/message_box.h"
+
+namespace tavimor {
+
+namespace {
+
+constexpr const char* kMinus = "\xE2\x88\x92";   // −
+constexpr const char* kTimes = "\xC2\xB7";       // ·
+constexpr const char* kPi = "\xCF\x80";          // π
+constexpr const char* kDegree = "\xC2\xB0";      // °
+constexpr const char* kAtMost = "\xE2\x89\xA4";  // ≤
+constexpr const char* kAtLeast = "\xE2\x89\xA5";  // ≥
+constexpr const char* kArrow = "\xE2\x86\x92";   // →
+
+bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
+
+struct Box {
+  float width = 0.0f;
+  float height = 0.0f;
+  float base = 0.0f;
+};
+
+// One tree measured and drawn. Per-node extras (offsets of a container's content, the times
+// sign before a factor) live beside the pool's own layout fields.
+class Layout {
+ public:
+  Layout(Session& s, const FontMetrics& metrics, float size)
+      : s_(s), m_(metrics), size_(size), sp_(metrics.TextWidth(" ", Face::Text, size)) {}
+
+  void MeasureAll(NodeIdx n);
+  void Draw(NodeIdx n, float x, float y, Drawing& out);
+  float Sp() const { return sp_; }
+  float TextWidth(const std::string& text, Face face) const { return m_.TextWidth(text, face, size_); }
+  float Ascent() const { return m_.Ascent(Face::Text, size_); }
+  float Descent() const { return m_.Descent(Face::Text, size_); }
+  float Size() const { return size_; }
+
+ private:
+  ExprNode& N(NodeIdx n) { return s_.Pool[n]; }
+  void SetBox(NodeIdx n, const Box& b) {
+    N(n).Width = b.width;
+    N(n).Height = b.height;
+    N(n).Base = b.base;
+  }
+  Box BoxOf(NodeIdx n) { return {N(n).Width, N(n).Height, N(n).Base}; }
+
+  // The leaf's runs: text and face, in order.
+  std::vector<std::pair<std::string, Face>> LeafRuns(NodeIdx n);
+  float SignWidth(NodeIdx term);
+  Box MeasureContent(NodeIdx n);  // the children laid as a sum, a product, or the sole child
+  Box MeasureSum(NodeIdx n);
+  Box MeasureProduct(NodeIdx n);
+  float LayRow(const std::vector<NodeIdx>& row, float& base, float& depth);
+  void DrawContent(NodeIdx n, float x, float y, Drawing& out);
+  void AddText(Drawing& out, float x, float y, const std::string& text, Face face) {
+    DisplayItem item;
+    item.kind = ItemKind::Text;
+    item.x = x;
+    item.y = y;
+    item.text = text;
+    item.face = face;
+    item.size = size_;
+    out.items.push_back(item);
+  }
+  float BracketWidth(float height) const { return 0.25f * size_ + 0.05f * height; }
+
+  Session& s_;
+  const FontMetrics& m_;
+  float size_;
+  float sp_;
+  std::array<float, kPoolSize + 1> content_x_{};
+  std::array<float, kPoolSize + 1> content_y_{};
+  std::array<bool, kPoolSize + 1> times_before_{};
+  std::array<float, kPoolSize + 1> rule_y_{};  // a product's rule, or -1 with no denominator
+};
+
+std::vector<std::pair<std::string, Face>> Layout::LeafRuns(NodeIdx n) {
+  const ExprNode& node = N(n);
+  const std::string& t = node.Text;
+  if (node.Kind == kKindNumber) {
+    if (t == "-") return {{kMinus, Face::Sign}};
+    if (t == "+") return {{"+", Face::Sign}};
+    if (!t.empty() && t[0] == '-') return {{kMinus, Face::Sign}, {t.substr(1), Face::Text}};
+    return {{t, Face::Text}};
+  }
+  if (node.Kind == kKindVariable) {
+    if (t == "p" && s_.SpecialP) return {{kPi, Face::Sign}};
+    if (t == "d" && s_.SpecialD) return {{kDegree, Face::Sign}};
+  }
+  return {{t, Face::Text}};
+}
+
+float Layout::SignWidth(NodeIdx term) {
+  const ExprNode& node = N(term);
+  if (node.Role == kRoleMinus) return TextWidth(kMinus, Face::Sign);
+  if (node.Role == kRoleLeadingPlus || (node.Role == kRolePlus && node.Prev != kNoNode)) {
+    return TextWidth("+", Face::Sign);
+  }
+  return 0.0f;
+}
+
+void Layout::MeasureAll(NodeIdx n) {
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) MeasureAll(c);
+  ExprNode& node = N(n);
+  content_x_[static_cast<std::size_t>(n)] = 0.0f;
+  content_y_[static_cast<std::size_t>(n)] = 0.0f;
+  if (node.FirstChild == kNoNode) {
+    float width = 0.0f;
+    for (const auto& [text, face] : LeafRuns(n)) width += TextWidth(text, face);
+    if (node.Kind == kKindVariable && node.Text == "d" && s_.SpecialD) width = sp_;
+    SetBox(n, {width, Ascent() + Descent(), Ascent()});
+    return;
+  }
+  if (node.Kind == kKindPower) {
+    const NodeIdx e = node.FirstChild;
+    const NodeIdx b = N(e).Next;
+    const Box be = BoxOf(e);
+    const Box bb = BoxOf(b);
+    // The exponent's baseline a tenth of the base's height below the base's top.
+    const float t = be.base - (1.0f - 0.9f) * bb.height;
+    SetBox(n, {bb.width + be.width + sp_ / 2, 0.9f * bb.height + be.base, t + bb.base});
+    N(b).X = 0.0f;
+    N(b).Y = t;
+    N(e).X = sp_ / 2 + bb.width;
+    N(e).Y = 0.0f;
+    return;
+  }
+  const Box content = MeasureContent(n);
+  if (node.Kind == kKindBracket) {
+    const float pad = 0.05f * size_;
+    const float curve = BracketWidth(content.height);
+    content_x_[static_cast<std::size_t>(n)] = curve + pad;
+    content_y_[static_cast<std::size_t>(n)] = pad;
+    SetBox(n, {content.width + 2 * (curve + pad), content.height + 2 * pad, content.base + pad});
+  } else if (node.Kind == kKindFunction) {
+    const std::size_t open = node.Text.find('(');
+    const std::string name = node.Text.substr(0, open);
+    if (name == "sqrt") {
+      const float check = 0.6f * size_;
+      const float gap = 0.15f * size_;
+      content_x_[static_cast<std::size_t>(n)] = check + 0.1f * size_;
+      content_y_[static_cast<std::size_t>(n)] = gap;
+      SetBox(n, {check + 0.2f * size_ + content.width, content.height + gap, content.base + gap});
+    } else {
+      const float pad = 0.05f * size_;
+      const float curve = BracketWidth(content.height);
+      const float name_width = TextWidth(name, Face::Text);
+      content_x_[static_cast<std::size_t>(n)] = name_width + curve + pad;
+      content_y_[static_cast<std::size_t>(n)] = pad;
+      SetBox(n, {name_width + content.width + 2 * (curve + pad), content.height + 2 * pad,
+                 content.base + pad});
+    }
+  } else {
+    SetBox(n, content);  // a sum or product of its own, or a hidden bracket
+  }
+}
+
+Box Layout::MeasureContent(NodeIdx n) {
+  const NodeIdx first = N(n).FirstChild;
+  rule_y_[static_cast<std::size_t>(n)] = -1.0f;
+  if (IsSumRole(N(first).Role)) return MeasureSum(n);
+  if (N(first).Role == kRoleNumerator || N(first).Role == kRoleDenominator) {
+    return MeasureProduct(n);
+  }
+  N(first).X = 0.0f;
+  N(first).Y = 0.0f;
+  return BoxOf(first);
+}
+
+Box Layout::MeasureSum(NodeIdx n) {
+  float x = 0.0f;
+  float base = 0.0f;
+  float depth = 0.0f;
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    const float sign = SignWidth(c);
+    if (sign > 0.0f) x += 2 * sp_ + sign;
+    N(c).X = x;
+    x += N(c).Width;
+    base = std::max(base, N(c).Base);
+    depth = std::max(depth, N(c).Height - N(c).Base);
+  }
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) N(c).Y = base - N(c).Base;
+  return {x, base + depth, base};
+}
+
+float Layout::LayRow(const std::vector<NodeIdx>& row, float& base, float& depth) {
+  float x = 0.0f;
+  base = 0.0f;
+  depth = 0.0f;
+  NodeIdx previous = kNoNode;
+  for (const NodeIdx c : row) {
+    const bool sign = previous != kNoNode && NeedsTimesSign(s_, previous, c);
+    times_before_[static_cast<std::size_t>(c)] = sign;
+    if (sign) x += sp_ + TextWidth(kTimes, Face::Sign);
+    N(c).X = x;
+    x += N(c).Width;
+    base = std::max(base, N(c).Base);
+    depth = std::max(depth, N(c).Height - N(c).Base);
+    previous = c;
+  }
+  for (const NodeIdx c : row) N(c).Y = base - N(c).Base;
+  return x;
+}
+
+Box Layout::MeasureProduct(NodeIdx n) {
+  std::vector<NodeIdx> top;
+  std::vector<NodeIdx> bottom;
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    (N(c).Role == kRoleDenominator ? bottom : top).push_back(c);
+  }
+  float top_base = 0.0f;
+  float top_depth = 0.0f;
+  const float top_width = LayRow(top, top_base, top_depth);
+  if (bottom.empty()) return {top_width, top_base + top_depth, top_base};
+  float bottom_base = 0.0f;
+  float bottom_depth = 0.0f;
+  const float bottom_width = LayRow(bottom, bottom_base, bottom_depth);
+  // The rule a little wider than the wider row; the baseline of the whole at the rule.
+  const float width = std::max(top_width, bottom_width) + sp_;
+  const float gap = 0.15f * size_;
+  const float rule = top_base + top_depth + gap;
+  rule_y_[static_cast<std::size_t>(n)] = rule;
+  for (const NodeIdx c : top) N(c).X += (width - top_width) / 2;
+  for (const NodeIdx c : bottom) {
+    N(c).X += (width - bottom_width) / 2;
+    N(c).Y += rule + gap;
+  }
+  return {width, rule + gap + bottom_base + bottom_depth, rule};
+}
+
+void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
+  const ExprNode& node = N(n);
+  if (node.FirstChild == kNoNode) {
+    float pen = x;
+    for (const auto& [text, face] : LeafRuns(n)) {
+      AddText(out, pen, y + node.Base, text, face);
+      pen += TextWidth(text, face);
+    }
+    return;
+  }
+  if (node.Kind == kKindPower) {
+    for (NodeIdx c = node.FirstChild; c != kNoNode; c = N(c).Next) {
+      Draw(c, x + N(c).X, y + N(c).Y, out);
+    }
+    return;
+  }
+  const float cx = x + content_x_[static_cast<std::size_t>(n)];
+  const float cy = y + content_y_[static_cast<std::size_t>(n)];
+  if (node.Kind == kKindBracket || (node.Kind == kKindFunction && node.Text.rfind("sqrt(", 0) != 0)) {
+    float left = x;
+    if (node.Kind == kKindFunction) {
+      const std::string name = node.Text.substr(0, node.Text.find('('));
+      AddText(out, x, y + node.Base, name, Face::Text);
+      left += TextWidth(name, Face::Text);
+    }
+    const float curve = BracketWidth(node.Height - 0.1f * size_);
+    DisplayItem open;
+    open.kind = ItemKind::Bracket;
+    open.x = left;
+    open.y = y;
+    open.y2 = y + node.Height;
+    open.width = curve;
+    open.left = true;
+    out.items.push_back(open);
+    DisplayItem close = open;
+    close.x = x + node.Width - curve;
+    close.left = false;
+    out.items.push_back(close);
+  } else if (node.Kind == kKindFunction) {  // sqrt: a radical over the argument
+    DisplayItem radical;
+    radical.kind = ItemKind::Radical;
+    radical.x = x;
+    radical.y = y;
+    radical.y2 = y + node.Height;
+    radical.width = 0.6f * size_;
+    radical.x2 = x + node.Width;
+    out.items.push_back(radical);
+  }
+  DrawContent(n, cx, cy, out);
+}
+
+void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
+  const float rule = rule_y_[static_cast<std::size_t>(n)];
+  NodeIdx row_start = kNoNode;  // the pseudo sign of a row stands straight before its factor
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    const ExprNode& child = N(c);
+    if (IsSumRole(child.Role)) {
+      const float sign = SignWidth(c);
+      if (sign > 0.0f) {
+        const char* text = child.Role == kRoleMinus ? kMinus : "+";
+        AddText(out, x + child.X - sp_ - sign, y + child.Y + child.Base, text, Face::Sign);
+      }
+    } else if (times_before_[static_cast<std::size_t>(c)]) {
+      const float dot = TextWidth(kTimes, Face::Sign);
+      AddText(out, x + child.X - sp_ / 2 - dot, y + child.Y + child.Base, kTimes, Face::Sign);
+    }
+    Draw(c, x + child.X, y + child.Y, out);
+    (void)row_start;
+  }
+  if (rule >= 0.0f) {
+    DisplayItem line;
+    line.kind = ItemKind::Rule;
+    line.x = x;
+    line.y = y + rule;
+    line.x2 = x + N(n).Width;
+    line.y2 = y + rule;
+    line.width = 0.05f * size_;
+    out.items.push_back(line);
+  }
+}
+
+// A text drawn as one expression into `drawing` at pen x, its baseline at `base` (set later).
+struct PlacedPiece {
+  Drawing drawing;
+};
+
+// Lays out one text on its own temporary tree.
+Drawing LayOutText(Session& s, Layout& layout, const std::string& text) {
+  const NodeIdx root = NewNode(s);
+  Drawing d;
+  try {
+    s.Pool[root].Text = text;
+    ParseTree(s, root);
+    layout.MeasureAll(root);
+    d.width = s.Pool[root].Width;
+    d.height = s.Pool[root].Height;
+    d.baseline = s.Pool[root].Base;
+    layout.Draw(root, 0.0f, 0.0f, d);
+  } catch (...) {
+    FreeChildren(s, root);
+    FreeNode(s, root);
+    throw;
+  }
+  FreeChildren(s, root);
+  FreeNode(s, root);
+  return d;
+}
+
+// Joins drawings in a row on one baseline, with texts between them.
+Drawing JoinInRow(const std::vector<Drawing>& parts, const std::vector<std::string>& between,
+                  const std::vector<Face>& between_faces, Layout& layout) {
+  Drawing out;
+  float base = 0.0f;
+  float depth = 0.0f;
+  for (const Drawing& d : parts) {
+    base = std::max(base, d.baseline);
+    depth = std::max(depth, d.height - d.baseline);
+  }
+  base = std::max(base, layout.Ascent());
+  depth = std::max(depth, layout.Descent());
+  float x = 0.0f;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (i > 0) {
+      DisplayItem sep;
+      sep.kind = ItemKind::Text;
+      sep.x = x;
+      sep.y = base;
+      sep.text = between[i - 1];
+      sep.face = between_faces[i - 1];
+      sep.size = layout.Size();
+      out.items.push_back(sep);
+      x += layout.TextWidth(sep.text, sep.face);
+    }
+    const float dy = base - parts[i].baseline;
+    for (DisplayItem item : parts[i].items) {
+      item.x += x;
+      item.x2 += x;
+      item.y += dy;
+      item.y2 += dy;
+      out.items.push_back(item);
+    }
+    x += parts[i].width;
+  }
+  out.width = x;
+  out.height = base + depth;
+  out.baseline = base;
+  return out;
+}
+
+// A side of a relation: its ";" pieces in a row.
+Drawing LayOutSide(Session& s, Layout& layout, const std::string& text) {
+  const int pieces = CountPieces(text, ";");
+  if (pieces == 1) return LayOutText(s, layout, text);
+  std::vector<Drawing> parts;
+  for (int i = 1; i <= pieces; ++i) parts.push_back(LayOutText(s, layout, GetPiece(text, i, ";")));
+  const std::vector<std::string> between(parts.size() - 1, ";  ");
+  const std::vector<Face> faces(parts.size() - 1, Face::Text);
+  return JoinInRow(parts, between, faces, layout);
+}
+
+}  // namespace
+
+std::string RelationString(int code) {
+  switch (code) {
+    case 1: return " = ";
+    case 2: return " < ";
+    case 3: return " > ";
+    case 4: return std::string(" ") + kAtMost + " ";
+    case 5: return std::string(" ") + kAtLeast + " ";
+    case 6: return std::string("  ") + kArrow + "  ";
+    default: return " ";
+  }
+}
+
+bool NeedsTimesSign(const Session& s, NodeIdx previous, NodeIdx factor) {
+  (void)previous;
+  const ExprNode& node = s.Pool[factor];
+  if (node.Text.empty()) return false;
+  if (node.Kind == kKindNumber && (node.Text == "-" || node.Text == "+")) return false;
+  const ExprNode& before = s.Pool[previous];
+  if (before.Kind == kKindNumber && (before.Text == "-" || before.Text == "+")) return false;
+  const char first = node.Text[0];
+  return (first >= '0' && first <= '9') || first == '.' || first == ',' || first == '-';
+}
+
+Picture DrawAnyExpression(Session& s, const FontMetrics& metrics, const std::string& text) {
+  Picture picture;
+  picture.left = text;
+  Layout layout(s, metrics, s.FontSize);
+  try {
+    picture.drawing = LayOutSide(s, layout, text);
+  } catch (const RunTimeError&) {
+    ShowCriticalMessage(s, "Error in DrawAnyExpression");
+    picture.drawing = Drawing{};
+  }
+  return picture;
+}
+
+Picture DrawAnyEquation(Session& s, const FontMetrics& metrics, int code, const std::string& left,
+                        const std::string& right) {
+  Picture picture;
+  picture.relation = code;
+  picture.left = left;
+  picture.right = right;
+  Layout layout(s, metrics, s.FontSize);
+  try {
+    std::vector<Drawing> sides{LayOutSide(s, layout, left), LayOutSide(s, layout, right)};
+    picture.drawing = JoinInRow(sides, {RelationString(code)}, {Face::Sign}, layout);
+  } catch (const RunTimeError&) {
+    ShowCriticalMessage(s, "Error in DrawAnyEquation");
+    picture.drawing = Drawing{};
+  }
+  return picture;
+}
+
+float FixedMetrics::TextWidth(const std::string& text, Face, float size) const {
+  int code_points = 0;
+  for (const char c : text) {
+    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++code_points;
+  }
+  return 0.5f * size * static_cast<float>(code_points);
+}
+
+}  // namespace tavimor

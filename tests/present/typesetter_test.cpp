@@ -1,0 +1,197 @@
+// Tests of the typesetter's layout, measured with fixed metrics: every character is 6 points wide
+// at 12 points, ascent 9.6, descent 2.4; one blank is 6 points.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "present/typesetter.h"
+#include "support/session_fixture.h"
+
+namespace tavimor {
+namespace {
+
+class Typesetter : public SessionTest {
+ protected:
+  Drawing Expression(const std::string& text) { return DrawExpression(s, metrics, text).drawing; }
+  static std::vector<DisplayItem> Items(const Drawing& d, ItemKind kind) {
+    std::vector<DisplayItem> out;
+    for (const DisplayItem& item : d.items) {
+      if (item.kind == kind) out.push_back(item);
+    }
+    return out;
+  }
+  static const DisplayItem* TextItem(const Drawing& d, const std::string& text) {
+    for (const DisplayItem& item : d.items) {
+      if (item.kind == ItemKind::Text && item.text == text) return &item;
+    }
+    return nullptr;
+  }
+  FixedMetrics metrics;
+  const float sp = 6.0f;
+};
+
+TEST_F(Typesetter, PowerIsWiderThanItsBaseByHalfABlankAndTheExponent) {
+  const Drawing x = Expression("x");
+  const Drawing square = Expression("x^2");
+  EXPECT_FLOAT_EQ(square.width, x.width + sp / 2 + Expression("2").width);
+}
+
+TEST_F(Typesetter, ExponentBaselineLiesATenthOfTheBaseBelowItsTop) {
+  const Drawing d = Expression("x^2");
+  const DisplayItem* base = TextItem(d, "x");
+  const DisplayItem* exponent = TextItem(d, "2");
+  ASSERT_NE(base, nullptr);
+  ASSERT_NE(exponent, nullptr);
+  EXPECT_FLOAT_EQ(exponent->y, 9.6f);            // the exponent's own baseline
+  EXPECT_FLOAT_EQ(base->y, 9.6f - 1.2f + 9.6f);  // t = base of e - 0.1 * height of b
+  EXPECT_FLOAT_EQ(d.baseline, base->y);
+  EXPECT_FLOAT_EQ(d.height, 0.9f * 12.0f + 9.6f);
+  EXPECT_FLOAT_EQ(exponent->x, 6.0f + sp / 2);
+}
+
+TEST_F(Typesetter, FractionHasItsBaselineAtTheRule) {
+  const Drawing d = Expression("a/b");
+  const std::vector<DisplayItem> rules = Items(d, ItemKind::Rule);
+  ASSERT_EQ(rules.size(), 1u);
+  EXPECT_FLOAT_EQ(rules[0].y, d.baseline);
+  EXPECT_LT(TextItem(d, "a")->y, d.baseline);
+  EXPECT_GT(TextItem(d, "b")->y, d.baseline);
+}
+
+TEST_F(Typesetter, RuleIsALittleWiderThanTheWiderRow) {
+  const Drawing d = Expression("(a+b)/c");
+  const DisplayItem rule = Items(d, ItemKind::Rule).at(0);
+  EXPECT_GT(rule.x2 - rule.x, Expression("a+b").width);
+}
+
+TEST_F(Typesetter, SumsAsSoleNumeratorAndDenominatorGetNoBrackets) {
+  const Drawing d = Expression("(a+b)/(c+d)");
+  EXPECT_TRUE(Items(d, ItemKind::Bracket).empty());
+  EXPECT_EQ(Items(d, ItemKind::Rule).size(), 1u);
+}
+
+TEST_F(Typesetter, TwoStackedFractionsShareOneBaseline) {
+  const Drawing d = Expression("1/2+1/3");
+  const std::vector<DisplayItem> rules = Items(d, ItemKind::Rule);
+  ASSERT_EQ(rules.size(), 2u);
+  EXPECT_FLOAT_EQ(rules[0].y, rules[1].y);
+  EXPECT_FLOAT_EQ(rules[0].y, d.baseline);
+  EXPECT_LT(rules[0].x2, rules[1].x);
+  EXPECT_FLOAT_EQ(TextItem(d, "+")->y, d.baseline);
+}
+
+TEST_F(Typesetter, SumTermsStandOnOneBaselineWithBlanksAroundSigns) {
+  const Drawing d = Expression("a+b");
+  const DisplayItem* a = TextItem(d, "a");
+  const DisplayItem* plus = TextItem(d, "+");
+  const DisplayItem* b = TextItem(d, "b");
+  EXPECT_FLOAT_EQ(a->y, b->y);
+  EXPECT_FLOAT_EQ(plus->x, 6.0f + sp);
+  EXPECT_FLOAT_EQ(b->x, 6.0f + 2 * sp + 6.0f);
+  EXPECT_FLOAT_EQ(d.width, 30.0f);
+}
+
+TEST_F(Typesetter, ShownBracketsAreCurvesAsTallAsTheirContent) {
+  const Drawing flat = Expression("(x+1)*2");
+  const std::vector<DisplayItem> curves = Items(flat, ItemKind::Bracket);
+  ASSERT_EQ(curves.size(), 2u);
+  EXPECT_TRUE(curves[0].left);
+  EXPECT_FALSE(curves[1].left);
+  const Drawing tall = Expression("(a/b+1)*2");
+  const std::vector<DisplayItem> tall_curves = Items(tall, ItemKind::Bracket);
+  ASSERT_EQ(tall_curves.size(), 2u);
+  EXPECT_GT(tall_curves[0].y2 - tall_curves[0].y, curves[0].y2 - curves[0].y);
+}
+
+TEST_F(Typesetter, HiddenBracketsAreNotDrawn) {
+  EXPECT_TRUE(Items(Expression("[x+1]*2"), ItemKind::Bracket).empty());
+  EXPECT_TRUE(Items(Expression("x^(a+b)"), ItemKind::Bracket).empty());
+}
+
+TEST_F(Typesetter, SquareRootIsARadicalWithoutBrackets) {
+  const Drawing d = Expression("sqrt(x+1)");
+  EXPECT_EQ(Items(d, ItemKind::Radical).size(), 1u);
+  EXPECT_TRUE(Items(d, ItemKind::Bracket).empty());
+  EXPECT_EQ(TextItem(d, "sqrt"), nullptr);
+}
+
+TEST_F(Typesetter, OtherFunctionsShowTheirNameAndBrackets) {
+  const Drawing d = Expression("sin(x)");
+  ASSERT_NE(TextItem(d, "sin"), nullptr);
+  EXPECT_EQ(Items(d, ItemKind::Bracket).size(), 2u);
+}
+
+TEST_F(Typesetter, TimesSignWhereFactorsWouldRunTogether) {
+  EXPECT_NE(TextItem(Expression("x*2"), "\xC2\xB7"), nullptr);
+  EXPECT_NE(TextItem(Expression("2*3"), "\xC2\xB7"), nullptr);
+  EXPECT_EQ(TextItem(Expression("2*x"), "\xC2\xB7"), nullptr);
+  EXPECT_EQ(TextItem(Expression("-x"), "\xC2\xB7"), nullptr);
+}
+
+TEST_F(Typesetter, LeadingMinusOfANumberIsASign) {
+  const Drawing d = Expression("-2");
+  const DisplayItem* minus = TextItem(d, "\xE2\x88\x92");
+  ASSERT_NE(minus, nullptr);
+  EXPECT_EQ(minus->face, Face::Sign);
+  EXPECT_NE(TextItem(d, "2"), nullptr);
+}
+
+TEST_F(Typesetter, SpecialLettersPiAndDegree) {
+  EXPECT_NE(TextItem(Expression("p"), "p"), nullptr);
+  s.SpecialP = true;
+  const DisplayItem* pi = TextItem(Expression("2*p"), "\xCF\x80");
+  ASSERT_NE(pi, nullptr);
+  EXPECT_EQ(pi->face, Face::Sign);
+  s.SpecialD = true;
+  const Drawing degrees = Expression("30*d");
+  EXPECT_NE(TextItem(degrees, "\xC2\xB0"), nullptr);
+  EXPECT_FLOAT_EQ(degrees.width, 12.0f + sp);  // the degree sign takes one blank
+}
+
+TEST_F(Typesetter, RelationsShareOneBaselineWithTheirCodes) {
+  const Picture picture = DrawAnyEquation(s, metrics, 5, "x", "a/b");
+  EXPECT_NE(TextItem(picture.drawing, " \xE2\x89\xA5 "), nullptr);
+  EXPECT_FLOAT_EQ(TextItem(picture.drawing, "x")->y, picture.drawing.baseline);
+  EXPECT_EQ(picture.Mathematics(), "x>=a/b");
+  EXPECT_EQ(RelationString(1), " = ");
+  EXPECT_EQ(RelationString(6), "  \xE2\x86\x92  ");
+}
+
+TEST_F(Typesetter, PiecesOfAListStandInARow) {
+  const Drawing d = Expression("1;2");
+  ASSERT_NE(TextItem(d, ";  "), nullptr);
+  EXPECT_LT(TextItem(d, "1")->x, TextItem(d, "2")->x);
+}
+
+TEST_F(Typesetter, TagHoldsTheBaselineAndTheMathematics) {
+  const Picture picture = DrawEquation(s, metrics, "x", "1");
+  EXPECT_EQ(picture.Tag(), "9.6;x=1");
+}
+
+TEST_F(Typesetter, DrawingLeavesThePoolAsItFoundIt) {
+  const auto before = s.Pool.NodesInUse;
+  Expression("(a+b)^2/sqrt(c)-sin(x)*3");
+  DrawEquation(s, metrics, "x^2", "1;2");
+  EXPECT_EQ(s.Pool.NodesInUse, before);
+}
+
+TEST_F(Typesetter, FailureGivesItsMessageAndAnEmptyPicture) {
+  while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
+  const Picture picture = DrawExpression(s, metrics, "a+b+c+d");
+  EXPECT_TRUE(picture.drawing.items.empty());
+  ASSERT_EQ(frontend.messages.size(), 1u);
+  EXPECT_EQ(frontend.messages[0].text, "Error in DrawAnyExpression");
+  EXPECT_EQ(frontend.messages[0].icon, MessageIcon::Critical);
+  DrawEquation(s, metrics, "a+b+c", "d");
+  EXPECT_EQ(frontend.messages.back().text, "Error in DrawAnyEquation");
+}
+
+TEST_F(Typesetter, DeepTreesLayOutWithinThePool) {
+  std::string text = "x";
+  for (int i = 0; i < 200; ++i) text = "(" + text + "+1)/2";
+  const Drawing d = Expression(text);
+  EXPECT_GT(d.height, 100.0f);
+}
+
+}  // namespace
+}  // namespace tavimor
