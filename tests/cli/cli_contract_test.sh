@@ -1,0 +1,117 @@
+#!/usr/bin/env bash
+# The terminal tutor as a program: output, standard error and exit status of every form of use.
+set -u
+cli="$1"
+failures=0
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+check() {  # name, expected status, expected stdout, expected stderr, args...
+  local name="$1" want_status="$2" want_out="$3" want_err="$4"
+  shift 4
+  local out err status
+  out=$("$cli" "$@" 2>"$work/err" </dev/null)
+  status=$?
+  err=$(cat "$work/err")
+  if [ "$status" != "$want_status" ] || [ "$out" != "$want_out" ] || [ "$err" != "$want_err" ]; then
+    echo "FAIL: $name"
+    echo "  status $status (wanted $want_status)"
+    printf '  stdout:\n%s\n  wanted:\n%s\n' "$out" "$want_out"
+    printf '  stderr:\n%s\n  wanted:\n%s\n' "$err" "$want_err"
+    failures=$((failures + 1))
+  else
+    echo "ok: $name"
+  fi
+}
+
+contains() {  # name, text, part...
+  local name="$1" text="$2"
+  shift 2
+  for part in "$@"; do
+    case "$text" in
+      *"$part"*) ;;
+      *) echo "FAIL: $name: no \"$part\" in:"; echo "$text"; failures=$((failures + 1)); return ;;
+    esac
+  done
+  echo "ok: $name"
+}
+
+# The tree command.
+check "tree of an accepted item" 0 "¶¶     2*x+3
+  +¶     2*x
+    NN     2
+    NV     x
+  +N     3" "" tree "2x+3"
+check "tree of an equation" 0 "¶V     x
+=
+¶N     7" "" tree "x=7"
+check "tree of a refused item: the message alone on standard error" 2 "" \
+  "Error in input string.  Invalid symbol + at end of expression." tree "2x+"
+check "tree with the decimal comma" 0 "¶N     1,5" "" --decimal-comma tree "1,50"
+check "tree with an option set" 0 "¶V     p" "" --set "Special P=True" tree "p"
+
+# Loading an item and running commands.
+check "an equation is considered and drawn" 0 "Consider  the equation  2x + 3 = 7" "" "2x+3=7"
+check "a fraction is set in two dimensions" 0 "                         3
+Consider  the fraction  ───
+                         4" "" "3/4"
+check "a side of an equation and back" 0 "Consider  the equation  x = 1" "" "x=1" left equation
+check "a refused item exits 2 with its message" 2 "" \
+  "Error in input string.  Unmatched brackets." "(x]"
+check "an empty item is refused" 2 "" "Nothing to load: the item is empty." "   "
+check "an unknown command exits 3" 3 "" \
+  "Unknown command \"frobnicate\". 'tavimor-cli --help' lists the commands." "x" frobnicate
+check "a command whose button is on another panel exits 3" 3 "" \
+  "The command \"left\" is not on offer now: its button is on the Equation panel." "x" left
+check "a command still to come exits 3" 3 "" \
+  "The command \"simplify\" is not available yet: its part of the tutor has not been built." \
+  "x+x" simplify
+
+# Mistakes on the command line.
+check "a bad option value is a usage mistake" 64 "" \
+  "tavimor-cli: The option \"Complex form\" takes a whole number from 0 to 3, not \"9\".
+Try 'tavimor-cli --help'." --set "Complex form=9" "x"
+check "an unknown option is a usage mistake" 64 "" "tavimor-cli: unknown option --frob.
+Try 'tavimor-cli --help'." --frob x
+check "a batch file that cannot be read" 64 "" "tavimor-cli: cannot read the batch file \"$work/none\".
+Try 'tavimor-cli --help'." --batch "$work/none"
+
+# JSON.
+json=$("$cli" --json "2x+3=7" left 2>/dev/null)
+contains "json of an equation on its left side" "$json" '"kind": "equation"' '"panel": "Left Side"' \
+  '"left": "2*x+3"' '"right": "7"' '"transcript": "\nConsider  the equation  @2*x+3=7@  \n"' \
+  '"help": 0' '"status": ["show steps in a stream ", "real arithmetic only "' '"messages": []' \
+  '"error": null'
+json=$("$cli" --json "2x+" 2>/dev/null)
+status=$?
+contains "json of a refused item" "$json" '"kind": null' \
+  '"error": "Error in input string.  Invalid symbol + at end of expression."'
+[ "$status" = 2 ] && echo "ok: json of a refused item exits 2" || { echo "FAIL: json refused status $status"; failures=$((failures + 1)); }
+json=$("$cli" --json --set "Streaming output=False" --set "Solve detail=0" "x" 2>/dev/null)
+contains "json shows the options in the status panels" "$json" '"status": ["show result only "'
+
+# Batch.
+printf '2x+3=7\tleft equation\n\n1/2+1/3\n(x]\n' > "$work/batch.txt"
+out=$("$cli" --batch "$work/batch.txt" 2>"$work/err")
+err=$(cat "$work/err")
+contains "batch prints each line's work space" "$out" "== 2x+3=7" "Consider  the equation  2x + 3 = 7" \
+  "== 1/2+1/3" "Consider  the sum of fractions" "== (x]"
+contains "batch reports the count and time" "$err" "Error in input string.  Unmatched brackets." "3 lines in "
+lines=$("$cli" --json --batch "$work/batch.txt" 2>/dev/null | wc -l)
+[ "$lines" = 3 ] && echo "ok: batch with json gives one object per line" || { echo "FAIL: $lines json lines"; failures=$((failures + 1)); }
+
+# The tutor reading standard input.
+out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
+err=$(cat "$work/err")
+contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
+  "[Equation] commands: left, right" "[Left Side] commands: equation" "simplify" \
+  "4: degrees "
+contains "the tutor says what is still to come" "$err" "is not available yet"
+
+# Help.
+help=$("$cli" --help)
+contains "help explains the forms of use, options, commands and keys" "$help" "tree ITEM" \
+  "--batch FILE" "--json" "--set KEY=VALUE" "--decimal-comma" "Exit status" "expand-denominators" \
+  "Special P (first run: False)"
+
+[ "$failures" -eq 0 ]

@@ -1,0 +1,178 @@
+// Golden transcripts of the main flow: each file under golden/flow loads an item, does what its
+// "do:" lines say, and holds the exact work space (pictures as @mathematics@), the message boxes,
+// hints and pauses, and the state of the form after it.
+//
+// "do:" lines: a button word (left, right, equation), "click N" on a status panel, "answer
+// continue|escape|help|right-yes|right-no" for the next pause, and "engine BUTTON KIND ..." to
+// run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
+// "step MESSAGE TEXT" (one step shown), "nothing", "error NUMBER|divide|overflow", "pause".
+// TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "core/input_split.h"
+#include "core/node_pool.h"
+#include "present/work_space.h"
+#include "shell/buttons.h"
+#include "shell/main_flow.h"
+#include "shell/option_keys.h"
+#include "support/recording_frontend.h"
+
+namespace tavimor {
+namespace {
+
+namespace fs = std::filesystem;
+
+void Replace(Session& s, NodeIdx side, const std::string& text) {
+  FreeChildren(s, side);
+  LoadSide(s, side, text);
+}
+
+SideEngine TestEngine(const std::string& kind, const std::string& rest) {
+  if (kind == "change") {
+    return [rest](Session& s, NodeIdx side) {
+      Replace(s, side, rest);
+      return true;
+    };
+  }
+  if (kind == "step") {
+    const std::size_t blank = rest.rfind(' ');
+    const std::string message = rest.substr(0, blank);
+    const std::string text = rest.substr(blank + 1);
+    return [message, text](Session& s, NodeIdx side) {
+      s.Message = message;
+      Replace(s, side, text);
+      ShowStep(s, side);
+      return true;
+    };
+  }
+  if (kind == "pause") {
+    return [](Session& s, NodeIdx) {
+      ShowWaitButton(s, "");
+      return false;
+    };
+  }
+  if (kind == "error") {
+    return [rest](Session&, NodeIdx) -> bool {
+      if (rest == "divide") throw RunTimeError(RunTimeErrorNumber::DivisionByZero, "divide");
+      if (rest == "overflow") throw RunTimeError(RunTimeErrorNumber::Overflow, "overflow");
+      throw AppError(static_cast<std::uint32_t>(std::stoul(rest, nullptr, 16)), "numbered");
+    };
+  }
+  return [](Session&, NodeIdx) { return false; };  // "nothing"
+}
+
+void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
+  std::istringstream words(line);
+  std::string verb;
+  words >> verb;
+  std::string rest;
+  std::getline(words, rest);
+  if (!rest.empty() && rest[0] == ' ') rest.erase(0, 1);
+  std::string error;
+  if (verb == "left") {
+    PressButton(s, "cmdDoLHS", false, error);
+  } else if (verb == "right") {
+    PressButton(s, "cmdDoRHS", false, error);
+  } else if (verb == "equation") {
+    PressButton(s, "cmdShowEqnFrame", false, error);
+  } else if (verb == "click") {
+    ClickStatusPanel(s, std::stoi(rest));
+  } else if (verb == "answer") {
+    if (rest == "escape") frontend.pause_answers.push_back(PauseInput::Escape);
+    if (rest == "help") frontend.pause_answers.push_back(PauseInput::Help);
+    if (rest == "continue") frontend.pause_answers.push_back(PauseInput::Continue);
+    if (rest == "right-yes" || rest == "right-no") {
+      frontend.pause_answers.push_back(PauseInput::RightButton);
+      frontend.yes = rest == "right-yes";
+    }
+  } else if (verb == "engine") {
+    std::istringstream parts(rest);
+    std::string button;
+    std::string kind;
+    parts >> button >> kind;
+    std::string argument;
+    std::getline(parts, argument);
+    if (!argument.empty() && argument[0] == ' ') argument.erase(0, 1);
+    const ExpressionCommand* command = FindExpressionCommand(button);
+    ASSERT_NE(command, nullptr) << button;
+    RunExpressionCommand(s, *command, TestEngine(kind, argument));
+  } else {
+    FAIL() << "unknown do: " << line;
+  }
+}
+
+std::string Output(Session& s, const RecordingFrontend& frontend) {
+  std::string out = frontend.Transcript();
+  if (!out.empty() && out.back() != '\n') out += "\n";
+  out += "--- after\n";
+  for (const RecordedMessage& m : frontend.messages) {
+    out += "message: " + m.text + " (help " + std::to_string(m.help_number) + ")\n";
+  }
+  for (const std::string& h : frontend.hints) out += "hint: " + h + "\n";
+  for (const std::string& p : frontend.pauses) out += "pause: \"" + p + "\"\n";
+  for (const std::string& q : frontend.questions) out += "question: " + q + "\n";
+  out += "panel: " + (s.Form.visible_panel < 0 ? "none" : PanelCaption(s, s.Form.visible_panel)) + "\n";
+  out += "focus: " + s.Form.focus + "\n";
+  out += "left: " + s.Pool[kLeftRoot].Text + "\n";
+  out += "right: " + s.Pool[kRightRoot].Text + "\n";
+  out += "help: " + std::to_string(s.HelpNumber) + "\n";
+  for (const std::string& panel : s.Form.status_panels) out += "status: " + panel + "\n";
+  return out;
+}
+
+TEST(FlowGolden, EveryTranscriptMatches) {
+  const bool update = std::getenv("TAVIMOR_UPDATE_GOLDEN") != nullptr;
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::directory_iterator(fs::path(TAVIMOR_GOLDEN_DIR) / "flow")) {
+    if (entry.path().extension() == ".txt") files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());
+  ASSERT_GE(files.size(), 20u);
+  for (const fs::path& path : files) {
+    std::ifstream in(path, std::ios::binary);
+    std::string header;
+    std::string expected;
+    bool body = false;
+    RecordingFrontend frontend;
+    Session s(frontend);
+    std::string item;
+    std::vector<std::string> actions;
+    bool comma = false;
+    for (std::string line; std::getline(in, line);) {
+      if (body) {
+        expected += line + "\n";
+        continue;
+      }
+      header += line + "\n";
+      if (line == "---") body = true;
+      if (line.rfind("item: ", 0) == 0) item = line.substr(6);
+      if (line.rfind("do: ", 0) == 0) actions.push_back(line.substr(4));
+      if (line == "decimal-comma") comma = true;
+      if (line.rfind("set: ", 0) == 0) {
+        const std::string setting = line.substr(5);
+        const std::size_t equals = setting.find('=');
+        std::string error;
+        ASSERT_TRUE(SetOptionFromText(s, setting.substr(0, equals), setting.substr(equals + 1), true,
+                                      error))
+            << path << ": " << error;
+      }
+    }
+    StartUp(s, comma ? "," : ".");
+    cmdLoadEquation(s, item, false);
+    for (const std::string& action : actions) Do(s, frontend, action);
+    const std::string actual = Output(s, frontend);
+    if (update) {
+      std::ofstream(path, std::ios::binary) << header << actual;
+      continue;
+    }
+    EXPECT_EQ(actual, expected) << path;
+  }
+}
+
+}  // namespace
+}  // namespace tavimor
