@@ -199,8 +199,8 @@ void PrintOffers(const Session& s, std::ostream& out) {
     std::string& list = ButtonIsBuilt(word.button) ? ready : coming;
     list += (list.empty() ? "" : ", ") + std::string(word.word);
   }
-  out << "[" << PanelCaption(s, s.Form.visible_panel) << "] commands: "
-      << (ready.empty() ? "none yet" : ready);
+  out << "[" << PanelCaption(s, s.Form.visible_panel)
+      << "] commands: " << (ready.empty() ? "none yet" : ready);
   if (!coming.empty()) out << "   (still to come: " << coming << ")";
   out << '\n';
 }
@@ -346,7 +346,8 @@ int Main(int argc, char** argv) {
   frontend.AttachSession(s);
   std::string error;
   StartSession(s, options, error);
-  const std::vector<std::string> words(args.begin() + static_cast<std::ptrdiff_t>(i) + 1, args.end());
+  const std::vector<std::string> words(args.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                                       args.end());
   return RunItem(s, frontend, args[i], words, options.json, std::cout);
 }
 

@@ -32,7 +32,7 @@ struct FormState {
   std::string diagnostics;
   std::string caption;
   std::vector<std::string> equation_box_items;  // the list of cmbEqn
-  int equation_box_selected = -1;              // its selected entry, -1 for none
+  int equation_box_selected = -1;               // its selected entry, -1 for none
   std::string equation_box_text;
 
   ButtonState& Button(const std::string& name) { return buttons[name]; }

@@ -3,7 +3,6 @@
 
 #include <charconv>
 
-
 namespace tavimor {
 
 namespace {

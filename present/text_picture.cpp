@@ -91,7 +91,8 @@ class TextLayout {
 TextBlock TextLayout::Leaf(NodeIdx n) {
   const ExprNode& node = N(n);
   std::string text = node.Text;
-  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-') text = "\xE2\x88\x92" + text.substr(1);
+  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-')
+    text = "\xE2\x88\x92" + text.substr(1);
   if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) text = "\xCF\x80";
   if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) text = "\xC2\xB0";
   return TextBlock::Line(Utf32(text));
@@ -148,7 +149,8 @@ TextBlock TextLayout::Row(const std::vector<NodeIdx>& factors) {
   std::vector<TextBlock> parts;
   NodeIdx previous = kNoNode;
   for (const NodeIdx c : factors) {
-    if (previous != kNoNode && NeedsTimesSign(s_, previous, c)) parts.push_back(TextBlock::Line(U"·"));
+    if (previous != kNoNode && NeedsTimesSign(s_, previous, c))
+      parts.push_back(TextBlock::Line(U"·"));
     parts.push_back(Render(c));
     previous = c;
   }
@@ -166,7 +168,8 @@ TextBlock TextLayout::Product(NodeIdx n) {
   if (bottom.empty()) return numerator;
   // A pseudo sign before a fraction stays in front of the rule.
   std::u32string sign;
-  if (top.size() > 1 && N(top[0]).Kind == kKindNumber && (N(top[0]).Text == "-" || N(top[0]).Text == "+")) {
+  if (top.size() > 1 && N(top[0]).Kind == kKindNumber &&
+      (N(top[0]).Text == "-" || N(top[0]).Text == "+")) {
     sign = N(top[0]).Text == "-" ? U"−" : U"+";
     numerator = Row(std::vector<NodeIdx>(top.begin() + 1, top.end()));
   }

@@ -14,13 +14,13 @@ namespace tavimor {
 
 namespace {
 
-constexpr const char* kMinus = "\xE2\x88\x92";   // −
-constexpr const char* kTimes = "\xC2\xB7";       // ·
-constexpr const char* kPi = "\xCF\x80";          // π
-constexpr const char* kDegree = "\xC2\xB0";      // °
-constexpr const char* kAtMost = "\xE2\x89\xA4";  // ≤
+constexpr const char* kMinus = "\xE2\x88\x92";    // −
+constexpr const char* kTimes = "\xC2\xB7";        // ·
+constexpr const char* kPi = "\xCF\x80";           // π
+constexpr const char* kDegree = "\xC2\xB0";       // °
+constexpr const char* kAtMost = "\xE2\x89\xA4";   // ≤
 constexpr const char* kAtLeast = "\xE2\x89\xA5";  // ≥
-constexpr const char* kArrow = "\xE2\x86\x92";   // →
+constexpr const char* kArrow = "\xE2\x86\x92";    // →
 
 bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
 
@@ -40,7 +40,9 @@ class Layout {
   void MeasureAll(NodeIdx n);
   void Draw(NodeIdx n, float x, float y, Drawing& out);
   float Sp() const { return sp_; }
-  float TextWidth(const std::string& text, Face face) const { return m_.TextWidth(text, face, size_); }
+  float TextWidth(const std::string& text, Face face) const {
+    return m_.TextWidth(text, face, size_);
+  }
   float Ascent() const { return m_.Ascent(Face::Text, size_); }
   float Descent() const { return m_.Descent(Face::Text, size_); }
   float Size() const { return size_; }
@@ -256,7 +258,8 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
   }
   const float cx = x + content_x_[static_cast<std::size_t>(n)];
   const float cy = y + content_y_[static_cast<std::size_t>(n)];
-  if (node.Kind == kKindBracket || (node.Kind == kKindFunction && node.Text.rfind("sqrt(", 0) != 0)) {
+  if (node.Kind == kKindBracket ||
+      (node.Kind == kKindFunction && node.Text.rfind("sqrt(", 0) != 0)) {
     float left = x;
     if (node.Kind == kKindFunction) {
       const std::string name = node.Text.substr(0, node.Text.find('('));

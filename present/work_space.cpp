@@ -51,7 +51,8 @@ void WriteText(Session& s, RichTextSink& box, const std::string& text, int lines
                int lines_after, const std::string& format) {
   s.WritingWorkSpace = true;
   LineEnds(box, lines_before);
-  if (!text.empty()) box.Append(RichRun{RunKind::Text, text, TextFormat::Parse(format, s.FontSize), {}});
+  if (!text.empty())
+    box.Append(RichRun{RunKind::Text, text, TextFormat::Parse(format, s.FontSize), {}});
   LineEnds(box, lines_after);
   s.WritingWorkSpace = false;
 }
@@ -112,8 +113,7 @@ void InsertPicture(Session& s, RichTextSink& box, Picture picture, int lines_bef
   const FontMetrics& metrics = s.Screen().Metrics();
   const float font_height =
       metrics.Ascent(Face::Text, s.FontSize) + metrics.Descent(Face::Text, s.FontSize);
-  picture.baseline_offset =
-      picture.drawing.height - picture.drawing.baseline - 0.35f * font_height;
+  picture.baseline_offset = picture.drawing.height - picture.drawing.baseline - 0.35f * font_height;
   RichRun run;
   run.kind = RunKind::Picture;
   run.picture = std::move(picture);

@@ -66,9 +66,11 @@ const std::map<std::string, std::string> kTooltips = {
     {"cmdLoadEquation", "Right click on OK or Next to first clear the workspace"},
 };
 
-// Button      Name                 "Nothing" text                                     Verb                              Message on error
+// Button      Name                 "Nothing" text                                     Verb Message
+// on error
 const std::array<ExpressionCommand, 8> kExpressionCommands = {{
-    {"cmdSimplify", "Simplify", "There is nothing to simplify", "Simplifying", "Error in Simplify."},
+    {"cmdSimplify", "Simplify", "There is nothing to simplify", "Simplifying",
+     "Error in Simplify."},
     {"cmdExpandTrig", "Break apart trig", "There are no trig functions to break apart",
      "Breaking apart trig functions", "Error in Simplify."},
     {"cmdCombineTrig", "Combine trig", "There are no trig functions to combine",
@@ -106,8 +108,8 @@ constexpr int kDivideByZeroHelp = 260;
 constexpr std::array<const char*, 4> kComplex = {
     "real arithmetic only ", "cplx arithmetic (using i) ", "cplx arithmetic (using j) ",
     "complex arithmetic (not using i or j) "};
-constexpr std::array<const char*, 4> kQuadratics = {
-    "quads by factoring ", "quads by formula ", "quads by compl. sq. ", "quads by graphing "};
+constexpr std::array<const char*, 4> kQuadratics = {"quads by factoring ", "quads by formula ",
+                                                    "quads by compl. sq. ", "quads by graphing "};
 
 double NowSeconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -278,7 +280,8 @@ void AddToEquationList(Session& s, const std::string& text) {
   s.Form.Button("cmdNextEquation").visible = true;
   const auto count = static_cast<std::int16_t>(entries.size());
   std::size_t at = entries.size();
-  if (s.EqnInsertPos >= 1 && s.EqnInsertPos <= count) at = static_cast<std::size_t>(s.EqnInsertPos - 1);
+  if (s.EqnInsertPos >= 1 && s.EqnInsertPos <= count)
+    at = static_cast<std::size_t>(s.EqnInsertPos - 1);
   entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(at), {"Eqn:" + text, "Comment:"});
   s.EqnInsertPos = static_cast<std::int16_t>(s.EqnInsertPos + 2);
   s.EqnAddedFlag = true;
@@ -439,8 +442,9 @@ void ShowResult(Session& s, const std::array<std::string, 6>& phrases, bool chan
   const std::size_t first = caption == "Left Side" ? 0 : (caption == "Right Side" ? 2 : 4);
   if (changed) {
     WriteMessage(s, box, phrases[first], s.StreamingOutput);
-    Picture picture = side ? DrawEquation(s, metrics, s.Pool[kLeftRoot].Text, s.Pool[kRightRoot].Text)
-                           : DrawExpression(s, metrics, s.Pool[kLeftRoot].Text);
+    Picture picture =
+        side ? DrawEquation(s, metrics, s.Pool[kLeftRoot].Text, s.Pool[kRightRoot].Text)
+             : DrawExpression(s, metrics, s.Pool[kLeftRoot].Text);
     InsertPicture(s, box, std::move(picture), 1, 2, true);
   } else {
     WriteText(s, box, phrases[first + 1], 0, 1, "FFF0");

@@ -1,4 +1,5 @@
-// Fuzz target: validate, load, regenerate, reparse; no crash, no sanitizer report, no node lost.
+// Fuzz target: validate, load, regenerate, reload, typeset and set as text; no crash, no sanitizer
+// report, no pool node lost, and the regenerated text reads back to itself.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +11,8 @@
 #include "core/regenerate.h"
 #include "core/session.h"
 #include "core/validate.h"
+#include "present/text_picture.h"
+#include "present/typesetter.h"
 #include "support/recording_frontend.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -18,6 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   RecordingFrontend frontend;
   Session s(frontend);
   if (size > 0 && data[0] == ',') s.DecimalPoint = ",";
+  if (size > 1 && data[1] == 'p') s.SpecialP = s.SpecialD = true;
   std::string text(reinterpret_cast<const char*>(data), size);
   if (ValidateInput(s, text) != 0) return 0;
   InitFunctionTable(s);
@@ -25,9 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (const ItemSides& item : SplitInput(text)) {
     for (const std::string& side : {item.left, item.right}) {
       const auto before = s.Pool.NodesInUse;
-      NodeIdx n = kNoNode;
       try {
-        n = NewNode(s);
+        const NodeIdx n = NewNode(s);
         LoadSide(s, n, side);
         const std::string first = s.Pool[n].Text;
         // The regenerated text parses to the same text again.
@@ -38,6 +41,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FreeNode(s, again);
         FreeChildren(s, n);
         FreeNode(s, n);
+        if (s.Pool.NodesInUse != before) std::abort();
+        // Typesetting and the terminal's text form take nodes and give them all back.
+        const Picture picture = DrawEquation(s, frontend.metrics, first, item.left);
+        TextPicture(s, picture);
         if (s.Pool.NodesInUse != before) std::abort();
       } catch (const RunTimeError&) {
         // A full pool or the bound of one level: the command's message; the next load

@@ -213,8 +213,7 @@ TEST_F(StepMessages, ShowStepDrawsTheSideByThePanelCaption) {
   s.Message = "Right";
   s.Form.panel1_caption = "Right Side";
   ShowStep(s, kRightRoot);
-  EXPECT_EQ(Transcript(),
-            "Divide @x@\n\n\t@2*x@\n\nLeft\n\n\t@2*x=4@\n\nRight\n\n\t@2*x=4@\n\n");
+  EXPECT_EQ(Transcript(), "Divide @x@\n\n\t@2*x@\n\nLeft\n\n\t@2*x=4@\n\nRight\n\n\t@2*x=4@\n\n");
 }
 
 TEST_F(StepMessages, ReportStepCountsWritesAndPaces) {

@@ -116,7 +116,8 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   for (const std::string& h : frontend.hints) out += "hint: " + h + "\n";
   for (const std::string& p : frontend.pauses) out += "pause: \"" + p + "\"\n";
   for (const std::string& q : frontend.questions) out += "question: " + q + "\n";
-  out += "panel: " + (s.Form.visible_panel < 0 ? "none" : PanelCaption(s, s.Form.visible_panel)) + "\n";
+  out += "panel: " + (s.Form.visible_panel < 0 ? "none" : PanelCaption(s, s.Form.visible_panel)) +
+         "\n";
   out += "focus: " + s.Form.focus + "\n";
   out += "left: " + s.Pool[kLeftRoot].Text + "\n";
   out += "right: " + s.Pool[kRightRoot].Text + "\n";
@@ -157,8 +158,8 @@ TEST(FlowGolden, EveryTranscriptMatches) {
         const std::string setting = line.substr(5);
         const std::size_t equals = setting.find('=');
         std::string error;
-        ASSERT_TRUE(SetOptionFromText(s, setting.substr(0, equals), setting.substr(equals + 1), true,
-                                      error))
+        ASSERT_TRUE(SetOptionFromText(s, setting.substr(0, equals), setting.substr(equals + 1),
+                                      true, error))
             << path << ": " << error;
       }
     }

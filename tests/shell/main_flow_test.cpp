@@ -148,8 +148,8 @@ TEST_F(MainFlow, NewProblemGoesInAtTheInsertPosition) {
   s.ListEntries = {"Topic:A", "Comment:", "Topic:B", "Comment:"};
   s.EqnInsertPos = 3;
   Load("x=1");
-  EXPECT_EQ(s.ListEntries, (std::vector<std::string>{"Topic:A", "Comment:", "Eqn:x=1", "Comment:",
-                                                     "Topic:B", "Comment:"}));
+  EXPECT_EQ(s.ListEntries, (std::vector<std::string>{"Topic:A", "Comment:", "Eqn:x=1",
+                                                     "Comment:", "Topic:B", "Comment:"}));
   EXPECT_EQ(s.EqnInsertPos, 5);
 }
 
@@ -233,8 +233,10 @@ TEST_F(MainFlow, ButtonsOnOfferAreOnTheVisiblePanelVisibleAndEnabled) {
 }
 
 TEST_F(MainFlow, TooltipsAreTheSystemsDescriptions) {
-  EXPECT_EQ(ButtonTooltip("cmdExpand"), "Expand the expression (right click to expand a denominator)");
-  EXPECT_EQ(ButtonTooltip("cmdLoadEquation"), "Right click on OK or Next to first clear the workspace");
+  EXPECT_EQ(ButtonTooltip("cmdExpand"),
+            "Expand the expression (right click to expand a denominator)");
+  EXPECT_EQ(ButtonTooltip("cmdLoadEquation"),
+            "Right click on OK or Next to first clear the workspace");
   EXPECT_EQ(PanelOfButton("cmdSubstitute"), kPanelMultiEquations);
 }
 
@@ -273,9 +275,9 @@ TEST_F(MainFlow, DetailPanelCyclesThroughItsThreeStates) {
 }
 
 TEST_F(MainFlow, ComplexPanelCyclesThroughFourForms) {
-  const std::vector<std::string> texts = {"cplx arithmetic (using i) ", "cplx arithmetic (using j) ",
-                                          "complex arithmetic (not using i or j) ",
-                                          "real arithmetic only "};
+  const std::vector<std::string> texts = {
+      "cplx arithmetic (using i) ", "cplx arithmetic (using j) ",
+      "complex arithmetic (not using i or j) ", "real arithmetic only "};
   for (const std::string& text : texts) {
     ClickStatusPanel(s, 2);
     EXPECT_EQ(s.Form.status_panels[1], text);
@@ -339,13 +341,13 @@ TEST_F(MainFlow, ClickKeepsTheNewOptionsForTheNextLoad) {
 // The command frame.
 
 TEST_F(MainFlow, ResultPhrasesForEachSide) {
-  EXPECT_EQ(ResultPhrases("Simplifying", "There is nothing to simplify"),
-            (std::array<std::string, 6>{
-                "Simplifying on the left side of the equation yields",
-                "There is nothing to simplify on the left side of the equation.",
-                "Simplifying on the right side of the equation yields",
-                "There is nothing to simplify on the right side of the equation.",
-                "Simplifying yields", "There is nothing to simplify."}));
+  EXPECT_EQ(
+      ResultPhrases("Simplifying", "There is nothing to simplify"),
+      (std::array<std::string, 6>{"Simplifying on the left side of the equation yields",
+                                  "There is nothing to simplify on the left side of the equation.",
+                                  "Simplifying on the right side of the equation yields",
+                                  "There is nothing to simplify on the right side of the equation.",
+                                  "Simplifying yields", "There is nothing to simplify."}));
 }
 
 TEST_F(MainFlow, ResultOnlyWritesOneLineAndOneDrawing) {
@@ -439,9 +441,8 @@ TEST_F(MainFlow, NumberedErrorsHaveTheirSentencesAndHelpTopics) {
       {0x80045406u, "You are attempting to evaluate 0/0 and this is indeterminate.", 259}};
   for (const ErrorCase& c : cases) {
     Load("log(x)");
-    const std::string shown = RunExpressionCommand(s, Simplify(), [&c](Session&, NodeIdx) -> bool {
-      throw AppError(c.number, "numbered");
-    });
+    const std::string shown = RunExpressionCommand(
+        s, Simplify(), [&c](Session&, NodeIdx) -> bool { throw AppError(c.number, "numbered"); });
     EXPECT_EQ(shown, c.text);
     EXPECT_EQ(frontend.messages.back().text, c.text);
     EXPECT_EQ(frontend.messages.back().help_number, c.help);
@@ -462,10 +463,11 @@ TEST_F(MainFlow, DivisionByZeroHasItsSentence) {
 TEST_F(MainFlow, OtherErrorsGiveTheCommandsTextAndRestoreBothSides) {
   Load("x+1=2");
   cmdDoLHS(s);
-  const std::string shown = RunExpressionCommand(s, Simplify(), [](Session& session, NodeIdx side) -> bool {
-    session.Pool[side].Text = "broken";
-    for (;;) NewNode(session);  // the pool runs out
-  });
+  const std::string shown =
+      RunExpressionCommand(s, Simplify(), [](Session& session, NodeIdx side) -> bool {
+        session.Pool[side].Text = "broken";
+        for (;;) NewNode(session);  // the pool runs out
+      });
   EXPECT_EQ(shown, "Error in Simplify.");
   EXPECT_EQ(frontend.messages.back().text, "Error in Simplify.");
   EXPECT_EQ(s.Pool[kLeftRoot].Text, "x+1");
@@ -476,9 +478,9 @@ TEST_F(MainFlow, OtherErrorsGiveTheCommandsTextAndRestoreBothSides) {
 
 TEST_F(MainFlow, EachCommandHasItsOwnErrorText) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"cmdSimplify", "Error in Simplify."},         {"cmdExpandTrig", "Error in Simplify."},
-      {"cmdCombineTrig", "Error in Simplify."},      {"cmdExpand", "Error in Expand."},
-      {"cmdAutoFactor", "Error in Factor."},         {"cmd1Frac", "Error in Combining Fractions."},
+      {"cmdSimplify", "Error in Simplify."},        {"cmdExpandTrig", "Error in Simplify."},
+      {"cmdCombineTrig", "Error in Simplify."},     {"cmdExpand", "Error in Expand."},
+      {"cmdAutoFactor", "Error in Factor."},        {"cmd1Frac", "Error in Combining Fractions."},
       {"cmdCombineLogs", "Error in Combine Logs."}, {"cmdCSExpr", "Error in Complete the Square."}};
   for (const auto& [button, text] : cases) {
     Load("x");
