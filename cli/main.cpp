@@ -148,7 +148,7 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     bool started = false;  // the work space opens with a line end
     for (const std::string& line : RenderForTerminal(s, frontend.WorkSpace())) {
       started = started || !line.empty();
-      if (started) out << line << '\n';
+      if (started) out << PrintableText(line) << '\n';
     }
     for (const std::string& hint : frontend.Hints()) out << "Hint: " << hint << '\n';
   }

@@ -8,9 +8,23 @@
 
 namespace tavimor {
 
+std::string PrintableText(const std::string& text) {
+  std::string out;
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    if ((code < 0x20 && c != '\n' && c != '\t') || code == 0x7F) {
+      out += '^';
+      out += static_cast<char>(code == 0x7F ? '?' : code + 0x40);
+    } else {
+      out += c;
+    }
+  }
+  return out;
+}
+
 void TerminalFrontend::PrintLines(const RichText& runs) {
   if (s_ == nullptr) return;
-  for (const std::string& line : RenderForTerminal(*s_, runs)) out_ << line << '\n';
+  for (const std::string& line : RenderForTerminal(*s_, runs)) out_ << PrintableText(line) << '\n';
   out_ << std::flush;
 }
 
@@ -59,7 +73,7 @@ PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {
 void TerminalFrontend::ShowMessageBox(const std::string& text, int, MessageIcon) {
   messages_.push_back(text);
   Flush();
-  err_ << text << '\n' << std::flush;
+  err_ << PrintableText(text) << '\n' << std::flush;
 }
 
 void TerminalFrontend::ShowHintBox(const RichText& body, int) {

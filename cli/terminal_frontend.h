@@ -14,6 +14,9 @@
 
 namespace tavimor {
 
+// Control characters shown in caret notation, so that they never act on the terminal.
+std::string PrintableText(const std::string& text);
+
 class TerminalFrontend : public Frontend {
  public:
   // With `live`, the work space is printed line by line as it is written, and pauses and

@@ -67,6 +67,9 @@ check "a command still to come exits 3" 3 "" \
   "The command \"simplify\" is not available yet: its part of the tutor has not been built." \
   "x+x" simplify
 
+check "a control character is shown, never sent to the terminal" 2 "" \
+  "Error in input string.  The character  ^[  is not allowed." "$(printf 'x\033')"
+
 # Mistakes on the command line.
 check "a bad option value is a usage mistake" 64 "" \
   "tavimor-cli: The option \"Complex form\" takes a whole number from 0 to 3, not \"9\".
