@@ -26,6 +26,9 @@ class Typesetter : public SessionTest {
     }
     return nullptr;
   }
+  bool HasText(const std::string& expression, const std::string& text) {
+    return TextItem(Expression(expression), text) != nullptr;
+  }
   FixedMetrics metrics;
   const float sp = 6.0f;
 };
@@ -122,10 +125,10 @@ TEST_F(Typesetter, OtherFunctionsShowTheirNameAndBrackets) {
 }
 
 TEST_F(Typesetter, TimesSignWhereFactorsWouldRunTogether) {
-  EXPECT_NE(TextItem(Expression("x*2"), "\xC2\xB7"), nullptr);
-  EXPECT_NE(TextItem(Expression("2*3"), "\xC2\xB7"), nullptr);
-  EXPECT_EQ(TextItem(Expression("2*x"), "\xC2\xB7"), nullptr);
-  EXPECT_EQ(TextItem(Expression("-x"), "\xC2\xB7"), nullptr);
+  EXPECT_TRUE(HasText("x*2", "\xC2\xB7"));
+  EXPECT_TRUE(HasText("2*3", "\xC2\xB7"));
+  EXPECT_FALSE(HasText("2*x", "\xC2\xB7"));
+  EXPECT_FALSE(HasText("-x", "\xC2\xB7"));
 }
 
 TEST_F(Typesetter, LeadingMinusOfANumberIsASign) {
@@ -137,9 +140,10 @@ TEST_F(Typesetter, LeadingMinusOfANumberIsASign) {
 }
 
 TEST_F(Typesetter, SpecialLettersPiAndDegree) {
-  EXPECT_NE(TextItem(Expression("p"), "p"), nullptr);
+  EXPECT_TRUE(HasText("p", "p"));
   s.SpecialP = true;
-  const DisplayItem* pi = TextItem(Expression("2*p"), "\xCF\x80");
+  const Drawing with_pi = Expression("2*p");
+  const DisplayItem* pi = TextItem(with_pi, "\xCF\x80");
   ASSERT_NE(pi, nullptr);
   EXPECT_EQ(pi->face, Face::Sign);
   s.SpecialD = true;
