@@ -100,6 +100,9 @@ class Session {
   // 1 normally, 2 while a denominator is expanded too.
   std::int16_t ExpandMode = 1;
 
+  // Rewrites made by the simplify loop in the running command, against endless rewriting.
+  int RewriteCount = 0;
+
   // Diagnostics of the running command: its start in seconds of a steady clock.
   double CommandStartSeconds = 0.0;
 

@@ -7,16 +7,30 @@
 #include <map>
 
 #include "shell/main_flow.h"
+#include "simplify/simplify_driver.h"
 
 namespace tavimor {
 
 namespace {
 
-// The buttons whose commands run today, and what they run.
-const std::map<std::string, std::function<void(Session&, bool)>> kBuiltButtons = {
-    {"cmdDoLHS", [](Session& s, bool) { cmdDoLHS(s); }},
-    {"cmdDoRHS", [](Session& s, bool) { cmdDoRHS(s); }},
-    {"cmdShowEqnFrame", [](Session& s, bool) { cmdShowEqnFrame(s); }},
+// The buttons whose commands run today, and what they run; an expression command's message of
+// failure comes back in `error`.
+using ButtonAction = std::function<void(Session&, bool, std::string&)>;
+
+ButtonAction ExpressionButton(const char* button, std::int16_t trig_mode) {
+  return [button, trig_mode](Session& s, bool, std::string& error) {
+    s.TrigMode = trig_mode;
+    error = RunExpressionCommand(s, *FindExpressionCommand(button), &SimplifySide);
+    s.TrigMode = 0;
+  };
+}
+
+const std::map<std::string, ButtonAction> kBuiltButtons = {
+    {"cmdSimplify", ExpressionButton("cmdSimplify", 0)},
+    {"cmdBrackets", [](Session& s, bool, std::string&) { cmdBrackets(s); }},
+    {"cmdDoLHS", [](Session& s, bool, std::string&) { cmdDoLHS(s); }},
+    {"cmdDoRHS", [](Session& s, bool, std::string&) { cmdDoRHS(s); }},
+    {"cmdShowEqnFrame", [](Session& s, bool, std::string&) { cmdShowEqnFrame(s); }},
 };
 
 }  // namespace
@@ -44,7 +58,8 @@ PressOutcome PressButton(Session& s, const std::string& button, bool right_butto
   if (!ButtonOnOffer(s, button)) return PressOutcome::NotOnOffer;
   const auto it = kBuiltButtons.find(button);
   if (it == kBuiltButtons.end()) return PressOutcome::NotBuilt;
-  it->second(s, right_button);
+  s.RewriteCount = 0;
+  it->second(s, right_button, error);
   return PressOutcome::Done;
 }
 

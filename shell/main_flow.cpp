@@ -12,11 +12,13 @@
 #include "core/node_queries.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
+#include "core/regenerate.h"
 #include "core/validate.h"
 #include "present/message_box.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 #include "shell/load_item.h"
+#include "simplify/bracket_rules.h"
 
 namespace tavimor {
 
@@ -323,6 +325,43 @@ void WorkOnSide(Session& s, const char* caption) {
 }
 
 }  // namespace
+
+void cmdBrackets(Session& s) {
+  const std::string left = s.Pool[kLeftRoot].Text;
+  const std::string right = s.Pool[kRightRoot].Text;
+  ButtonState& button = s.Form.Button("cmdBrackets");
+  if (button.tag == "restart") button.tag = "0";
+  const std::string& caption = s.Form.panel1_caption;
+  const std::string where = caption == "Left Side"    ? " on the left side of the equation"
+                            : caption == "Right Side" ? " on the right side of the equation"
+                                                      : "";
+  try {
+    NodeIdx root = CurrentSide(s);
+    const std::string message = s.Message;
+    const bool removed = RemoveOneBracket(s, root);
+    s.Message = message;
+    WorkSpaceSink box(s);
+    if (!removed) {
+      WriteText(s, box, "There are no unneccessary brackets" + where + ".", 0, 1, "FFF0");
+      return;
+    }
+    RegenerateAll(s, root);
+    const int count = std::atoi(button.tag.c_str()) + 1;
+    button.tag = std::to_string(count);
+    const char* how_many = count == 1 ? "one " : (count == 2 ? "another " : "more ");
+    WriteText(
+        s, box,
+        std::string("Removing ") + how_many + "set of unneccessary brackets" + where + " yields:",
+        0, 0, "FFF0");
+    const FontMetrics& metrics = s.Screen().Metrics();
+    Picture picture =
+        where.empty() ? DrawExpression(s, metrics, s.Pool[kLeftRoot].Text)
+                      : DrawEquation(s, metrics, s.Pool[kLeftRoot].Text, s.Pool[kRightRoot].Text);
+    InsertPicture(s, box, std::move(picture), 1, 2, true);
+  } catch (const std::exception& error) {
+    CommandError(s, "Error in removing brackets.", error, left, right);
+  }
+}
 
 void cmdDoLHS(Session& s) { WorkOnSide(s, "Left Side"); }
 void cmdDoRHS(Session& s) { WorkOnSide(s, "Right Side"); }

@@ -41,6 +41,10 @@ void AddToEquationList(Session& s, const std::string& text);
 void SelectTab(Session& s, int index);
 void UpdateButtonEnabling(Session& s);
 
+// The Brackets button: removes one set of unneeded brackets from the current side per press,
+// counting the presses since the panel was selected ("one", "another", "more").
+void cmdBrackets(Session& s);
+
 // Working on one side of an equation, and back.
 void cmdDoLHS(Session& s);
 void cmdDoRHS(Session& s);

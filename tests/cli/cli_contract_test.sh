@@ -64,8 +64,16 @@ check "an unknown command exits 3" 3 "" \
 check "a command whose button is on another panel exits 3" 3 "" \
   "The command \"left\" is not on offer now: its button is on the Equation panel." "x" left
 check "a command still to come exits 3" 3 "" \
-  "The command \"simplify\" is not available yet: its part of the tutor has not been built." \
-  "x+x" simplify
+  "The command \"expand\" is not available yet: its part of the tutor has not been built." \
+  "x+x" expand
+check "simplify shows its steps in a stream" 0 "Consider  the expression  x + x
+Simplify the sum x + x by:
+   - combining like terms x + x  →  2x .
+   - The result is:
+
+    2x
+
+There is nothing to simplify." "" "x+x" simplify
 
 check "a control character is shown, never sent to the terminal" 2 "" \
   "Error in input string.  The character  ^[  is not allowed." "$(printf 'x\033')"
@@ -107,8 +115,10 @@ lines=$("$cli" --json --batch "$work/batch.txt" 2>/dev/null | wc -l)
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: left, right" "[Left Side] commands: equation" "simplify" \
-  "4: degrees "
+  "[Equation] commands: left, right" "[Left Side] commands: simplify, brackets, equation" \
+  "There is nothing to simplify on the left side of the equation." "4: degrees "
+out=$(printf 'x+x\nexpand\nquit\n' | "$cli" 2>"$work/err")
+err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"
 
 # Help.

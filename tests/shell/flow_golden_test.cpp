@@ -2,7 +2,8 @@
 // "do:" lines say, and holds the exact work space (pictures as @mathematics@), the message boxes,
 // hints and pauses, and the state of the form after it.
 //
-// "do:" lines: a button word (left, right, equation), "click N" on a status panel, "answer
+// "do:" lines: a button word (left, right, equation, simplify, brackets), "click N" on a status
+// panel, "answer
 // continue|escape|help|right-yes|right-no" for the next pause, and "engine BUTTON KIND ..." to
 // run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "nothing", "error NUMBER|divide|overflow", "pause".
@@ -80,6 +81,10 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     PressButton(s, "cmdDoRHS", false, error);
   } else if (verb == "equation") {
     PressButton(s, "cmdShowEqnFrame", false, error);
+  } else if (verb == "simplify") {
+    PressButton(s, "cmdSimplify", false, error);
+  } else if (verb == "brackets") {
+    PressButton(s, "cmdBrackets", false, error);
   } else if (verb == "click") {
     ClickStatusPanel(s, std::stoi(rest));
   } else if (verb == "answer") {

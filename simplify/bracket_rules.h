@@ -1,0 +1,31 @@
+// Brackets and signs: brackets that say nothing go, bracketed terms of a sum are opened, a minus
+// is distributed over a bracket, a plus on a number is dropped.
+#pragma once
+
+#include <string>
+
+#include "core/session.h"
+
+namespace tavimor {
+
+// Removes one bracket at the node that is not required (five cases, tried in order).
+bool BracketRule(Session& s, NodeIdx& slot);
+// How a bracketed product sits in the product around it: 1 sole numerator, 5 sole denominator,
+// 3 the only fraction among its factors, 2 one of several fractions, 4 otherwise.
+int ClassifyNestedProduct(Session& s, NodeIdx n);
+// Opens the first bracketed term of a sum (all of them with `all_at_once`), signs multiplied.
+bool FlattenSumBrackets(Session& s, NodeIdx& slot, bool all_at_once);
+// -(a+b) -> -a-b, while the DistributeMinus switch is on.
+bool DistributeMinusOverBracket(Session& s, NodeIdx& slot);
+// +2 -> 2.
+bool DropPlusOnNumber(Session& s, NodeIdx& slot);
+
+// Strips the text's outer brackets and parses it into the node (a function keeps its name);
+// with `simplify`, the bracket rule then runs at the node with Message and HelpNumber kept, so
+// that the brackets just written do not show.
+void ReplaceNodeContents(Session& s, NodeIdx& slot, const std::string& text, bool simplify);
+
+// Applies the bracket rule over the inner nodes of a tree, children first, until one fires.
+bool RemoveOneBracket(Session& s, NodeIdx& root);
+
+}  // namespace tavimor

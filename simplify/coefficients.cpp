@@ -1,0 +1,36 @@
+// Numeric coefficients of terms: reading them exactly and writing a coefficient with its texts.
+#include "simplify/coefficients.h"
+
+#include <cmath>
+
+#include "core/number_format.h"
+#include "core/number_text.h"
+
+namespace tavimor {
+
+double SnapToInteger(const Session& s, const std::string& text) {
+  const std::optional<double> value = ParseNumberText(text, s.Dp());
+  if (!value) return 0.0;
+  if (std::fabs(*value) > 32768.0) return *value;
+  const double nearest = std::nearbyint(*value);
+  return std::fabs(*value - nearest) < 1e-10 ? nearest : *value;
+}
+
+std::string FormatValue(const Session& s, double value) {
+  const std::string text = NormaliseNumberText(s, GeneralNumberFormat(value, s.Dp()));
+  return text.empty() ? GeneralNumberFormat(value, s.Dp()) : text;
+}
+
+std::string FormatCoefficient(const Session& s, double a, double b, const std::string& numerator,
+                              const std::string& denominator) {
+  std::string coefficient = FormatValue(s, std::fabs(a));
+  if (b != 1.0) coefficient += "/" + FormatValue(s, b);
+  if (std::fabs(a) == 1.0 && b == 1.0 && !numerator.empty()) coefficient.clear();
+  std::string text = coefficient;
+  if (!numerator.empty()) text += "*" + numerator;
+  if (!denominator.empty()) text += "/" + denominator;
+  if (!text.empty() && text[0] == '*') text.erase(0, 1);
+  return a < 0.0 ? "-" + text : text;
+}
+
+}  // namespace tavimor

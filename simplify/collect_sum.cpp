@@ -1,0 +1,226 @@
+// Sums in the house form: zero terms gone, terms sorted from highest power to lowest, like terms
+// combined with exact coefficients.
+#include "simplify/collect_sum.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "core/node_pool.h"
+#include "core/number_text.h"
+#include "manipulate/reduce_fraction.h"
+#include "simplify/bracket_rules.h"
+#include "simplify/coefficients.h"
+#include "simplify/simplify_driver.h"
+#include "simplify/step_parts.h"
+
+namespace tavimor {
+
+namespace {
+
+bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
+
+// Bits of what a collection did; the help number is 380 plus the bits.
+constexpr int kBitDropped = 1;   // an initial + sign or zero terms dropped
+constexpr int kBitSorted = 2;    // terms sorted
+constexpr int kBitCombined = 4;  // like terms combined
+
+struct Entry {
+  SplitParts parts;
+  std::string key;
+  NodeIdx node = kNoNode;
+  std::string text;  // the term with its sign, as written before
+};
+
+// The text of the sum itself: without the brackets or the function name around it.
+std::string SumText(const ExprNode& node) {
+  if (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) {
+    return node.Text.substr(1, node.Text.size() - 2);
+  }
+  if (node.Kind == kKindFunction) {
+    const std::size_t open = node.Text.find('(');
+    return node.Text.substr(open + 1, node.Text.size() - open - 2);
+  }
+  return node.Text;
+}
+
+std::string SignedText(const Session& s, NodeIdx term) {
+  return std::string(s.Pool[term].Role == kRoleMinus ? "-" : "+") + s.Pool[term].Text;
+}
+
+}  // namespace
+
+SplitParts SplitTerm(Session& s, NodeIdx term) {
+  SplitParts parts;
+  const ExprNode& node = s.Pool[term];
+  double sign = node.Role == kRoleMinus ? -1.0 : 1.0;
+  if (node.Kind == kKindNumber && node.FirstChild == kNoNode) {
+    parts.numerator = sign * SnapToInteger(s, node.Text);
+    return parts;
+  }
+  if (node.Kind != kKindSumOrProduct || node.FirstChild == kNoNode) {
+    parts.numerator = sign;
+    parts.numerator_text = node.Text;
+    return parts;
+  }
+  for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+    const ExprNode& factor = s.Pool[c];
+    const bool number = factor.Kind == kKindNumber && factor.FirstChild == kNoNode;
+    if (number && (factor.Text == "-" || factor.Text == "+")) {
+      if (factor.Text == "-") sign = -sign;
+      continue;
+    }
+    if (factor.Role == kRoleDenominator) {
+      if (number) {
+        parts.denominator *= SnapToInteger(s, factor.Text);
+      } else {
+        parts.denominator_text += (parts.denominator_text.empty() ? "" : "/") + factor.Text;
+      }
+    } else if (number) {
+      parts.numerator *= SnapToInteger(s, factor.Text);
+    } else {
+      parts.numerator_text += (parts.numerator_text.empty() ? "" : "*") + factor.Text;
+    }
+  }
+  parts.numerator *= sign;
+  return parts;
+}
+
+int TermRank(Session& s, NodeIdx term, int depth) {
+  const ExprNode& node = s.Pool[term];
+  if (node.Kind == kKindNumber) return 99;
+  if (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) return 98;
+  if (node.Kind == kKindVariable) return 49;
+  if (node.Kind == kKindPower) {
+    const std::string& exponent = s.Pool[node.FirstChild].Text;
+    if (IsNumericText(s, exponent)) {
+      const double n = SafeValue(s, SimplifyText(s, exponent));
+      return static_cast<int>(std::max(20.0, std::nearbyint(50.0 - n)));
+    }
+    return 19;
+  }
+  if (node.Kind == kKindFunction) {
+    return node.Text.rfind("sin(", 0) == 0 || node.Text.rfind("arcsin(", 0) == 0 ? 12 : 11;
+  }
+  const NodeIdx first = node.FirstChild;
+  if (depth == 1 && node.Kind == kKindSumOrProduct && first != kNoNode &&
+      (s.Pool[first].Role == kRoleNumerator || s.Pool[first].Role == kRoleDenominator)) {
+    int top = 99;
+    int bottom = 99;
+    for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
+      int& side = s.Pool[c].Role == kRoleDenominator ? bottom : top;
+      side = std::min(side, TermRank(s, c, 2));
+    }
+    return top >= 49 && bottom >= 19 && bottom <= 49 ? 100 - bottom : top;
+  }
+  return 55;
+}
+
+bool CollectSum(Session& s, NodeIdx& slot) {
+  const NodeIdx n = slot;
+  const NodeIdx first = s.Pool[n].FirstChild;
+  if (first == kNoNode || !IsSumRole(s.Pool[first].Role)) return false;
+  const std::string old_text = SumText(s.Pool[n]);
+  const int count = CountChildren(s, n, false);
+  // 1. The terms, zero terms dropped, and the heading word.
+  std::vector<Entry> entries;
+  int zeros = 0;
+  std::string word;
+  const bool initial_plus = s.Pool[first].Role == kRoleLeadingPlus;
+  for (NodeIdx t = first; t != kNoNode; t = s.Pool[t].Next) {
+    Entry entry;
+    entry.parts = SplitTerm(s, t);
+    entry.node = t;
+    entry.text = SignedText(s, t);
+    if (s.Pool[t].Role == kRoleMinus) word = "difference ";
+    if (!entry.parts.numerator_text.empty() || !entry.parts.denominator_text.empty() ||
+        count >= 3) {
+      word = "sum ";
+    }
+    if (entry.parts.numerator == 0.0) {
+      ++zeros;
+      continue;
+    }
+    entry.key = std::to_string(TermRank(s, t, 1)) + entry.parts.numerator_text +
+                entry.parts.denominator_text;
+    entries.push_back(entry);
+  }
+  // 2. Bubble sort by key.
+  int bits = 0;
+  int level = 0;
+  for (bool swapped = true; swapped;) {
+    swapped = false;
+    for (std::size_t i = 0; i + 1 < entries.size(); ++i) {
+      if (entries[i].key > entries[i + 1].key) {
+        std::swap(entries[i], entries[i + 1]);
+        swapped = true;
+        bits |= kBitSorted;
+        level = 1;
+      }
+    }
+  }
+  // 3. The narration begins.
+  StepParts parts;
+  AddStepPart(parts, "Simplify the " + word + "@" + old_text + "@ by:|");
+  if (initial_plus) AddStepPart(parts, "dropping the initial + sign.|");
+  if (zeros > 0) AddStepPart(parts, "dropping 0 terms.|");
+  if (initial_plus || zeros > 0) {
+    bits |= kBitDropped;
+    level = 2;
+  }
+  if (bits & kBitSorted) {
+    AddStepPart(parts,
+                "sorting the terms (from highest power to lowest power, in alphabetical order and "
+                "numbers last).|");
+  }
+  // 4. Runs of equal keys: like terms are combined.
+  std::string text;
+  for (std::size_t i = 0; i < entries.size();) {
+    std::size_t j = i + 1;
+    while (j < entries.size() && entries[j].key == entries[i].key) ++j;
+    const Entry& head = entries[i];
+    if (j - i == 1) {
+      const std::string term =
+          FormatCoefficient(s, head.parts.numerator, head.parts.denominator,
+                            head.parts.numerator_text, head.parts.denominator_text);
+      text += (term[0] == '-' ? "" : "+") + term;
+      i = j;
+      continue;
+    }
+    double a = 0.0;
+    double b = 1.0;
+    std::string old_run;
+    for (std::size_t k = i; k < j; ++k) {
+      const double c = entries[k].parts.numerator;
+      const double d = entries[k].parts.denominator;
+      a = a * d + c * b;  // a/b + c/d = (a*d + c*b) / (b*d)
+      b = b * d;
+      old_run += entries[k].text;
+    }
+    int flag = 0;
+    ReduceFraction(a, b, flag);
+    if (!old_run.empty() && old_run[0] == '+') old_run.erase(0, 1);
+    std::string new_run = "0";
+    if (a != 0.0) {
+      new_run = FormatCoefficient(s, a, b, head.parts.numerator_text, head.parts.denominator_text);
+      text += (new_run[0] == '-' ? "" : "+") + new_run;
+    }
+    bits |= kBitCombined;
+    AddStepPart(parts, std::string(a != 0.0 ? "combining like terms @" : "canceling @") + old_run +
+                           "->" + new_run + "@ .|");
+    i = j;
+  }
+  // 5. The closing.
+  AddStepPart(parts, "The result is:");
+  if (!text.empty() && text[0] == '+') text.erase(0, 1);
+  if (text.empty()) text = "0";
+  // 7. The level and the message; a sum already in its house form is left as it is.
+  if (text != old_text && level == 0) level = 2;
+  if (level == 0) return false;
+  ReplaceNodeContents(s, slot, text, true);
+  s.Message = bits == kBitSorted ? std::string("382#Sort terms.")
+                                 : std::to_string(380 + bits) + "#" + JoinStepParts(parts);
+  return true;
+}
+
+}  // namespace tavimor

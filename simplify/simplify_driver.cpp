@@ -1,0 +1,228 @@
+// The one rewrite loop: ten passes over the tree, one rewrite at a time, each step narrated.
+#include "simplify/simplify_driver.h"
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "core/node_pool.h"
+#include "core/number_text.h"
+#include "core/parse.h"
+#include "core/regenerate.h"
+#include "present/work_space.h"
+#include "simplify/bracket_rules.h"
+#include "simplify/collect_sum.h"
+
+namespace tavimor {
+
+namespace {
+
+enum class Where { Any, Sum, Product, Power, Function, Variable, Number };
+
+struct PassRow {
+  int pass;
+  Where where;
+  std::vector<RewriteRule> rules;
+};
+
+bool FlattenOneBracket(Session& s, NodeIdx& slot) { return FlattenSumBrackets(s, slot, false); }
+
+// The dispatch table. Rows of rule families that are not part of the tutor yet stay empty.
+const std::vector<PassRow> kPasses = {
+    {1, Where::Any, {&BracketRule}},                     // brackets that say nothing
+    {3, Where::Sum, {&FlattenOneBracket}},               // brackets inside a sum
+    {4, Where::Sum, {&CollectSum}},                      // collect and sort a sum
+    {4, Where::Product, {&DistributeMinusOverBracket}},  // -(a+b) -> -a-b, the last product rule
+    {9, Where::Number, {&DropPlusOnNumber}},             // +2 -> 2
+};
+
+bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
+
+bool Matches(const Session& s, NodeIdx n, Where where) {
+  const ExprNode& node = s.Pool[n];
+  const char first = node.FirstChild == kNoNode ? '\0' : s.Pool[node.FirstChild].Role;
+  switch (where) {
+    case Where::Any: return true;
+    case Where::Sum: return IsSumRole(first);
+    case Where::Product: return first == kRoleNumerator;
+    case Where::Power: return node.Kind == kKindPower;
+    case Where::Function: return node.Kind == kKindFunction;
+    case Where::Variable: return node.Kind == kKindVariable;
+    case Where::Number: return node.Kind == kKindNumber;
+  }
+  return false;
+}
+
+// The slot that holds a node: its previous sibling's Next, or its parent's FirstChild.
+NodeIdx& SlotOf(Session& s, NodeIdx n) {
+  const NodeIdx prev = s.Pool[n].Prev;
+  if (prev != kNoNode) return s.Pool[prev].Next;
+  return s.Pool[s.Pool[n].Parent].FirstChild;
+}
+
+void CountRewrite(Session& s) {
+  if (++s.RewriteCount > kRewriteLimit) {
+    throw RunTimeError(RunTimeErrorNumber::Overflow, "The simplify loop does not come to an end");
+  }
+}
+
+}  // namespace
+
+void RaiseStepLevel(const std::string& message, int& level) {
+  int here = kLevelStep;
+  if (message == kSkipMessage) {
+    here = kLevelSilent;
+  } else if (message == "382#Sort terms." || message == "356#Sort factors.") {
+    here = kLevelSort;
+  }
+  level = std::max(level, here);
+}
+
+bool ApplyPassAtNode(Session& s, NodeIdx& slot, int pass) {
+  for (const PassRow& row : kPasses) {
+    if (row.pass != pass || !Matches(s, slot, row.where)) continue;
+    for (const RewriteRule rule : row.rules) {
+      if (rule(s, slot)) return true;
+    }
+  }
+  return false;
+}
+
+bool ApplyPassToTree(Session& s, int pass, NodeIdx& root) {
+  NodePool& pool = s.Pool;
+  if (pool[root].FirstChild == kNoNode) return pass == 9 && ApplyPassAtNode(s, root, pass);
+  WalkGuard guard;
+  NodeIdx cur = pool[root].FirstChild;
+  for (;;) {
+    guard.Step();
+    while (pool[cur].FirstChild != kNoNode) cur = pool[cur].FirstChild;
+    if (pool[cur].Next != kNoNode) {
+      cur = pool[cur].Next;
+      continue;
+    }
+    // The end of a chain: back to its first node, the rule of pass 9 on every slot on the way.
+    for (;;) {
+      guard.Step();
+      while (pool[cur].Prev != kNoNode) {
+        guard.Step();
+        const NodeIdx prev = pool[cur].Prev;
+        if (pass == 9 && ApplyPassAtNode(s, pool[prev].Next, pass)) return true;
+        cur = prev;
+      }
+      const NodeIdx parent = pool[cur].Parent;
+      if (pass == 9 && ApplyPassAtNode(s, pool[parent].FirstChild, pass)) return true;
+      if (parent == root) return ApplyPassAtNode(s, root, pass);
+      if (pass != 9 && ApplyPassAtNode(s, SlotOf(s, parent), pass)) return true;
+      cur = parent;
+      if (pool[cur].Next != kNoNode) {
+        cur = pool[cur].Next;
+        break;
+      }
+    }
+  }
+}
+
+bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
+  step_level = kLevelNothing;
+  bool result = false;
+  int pass = 1;
+  while (pass <= 10) {
+    if (!ApplyPassToTree(s, pass, root)) {
+      ++pass;
+      continue;
+    }
+    CountRewrite(s);
+    RaiseStepLevel(s.Message, step_level);
+    RegenerateAll(s, root);
+    if (s.Message != kSkipMessage) {
+      result = true;
+      if (s.DetailNow >= 1) {
+        ShowStep(s, root);
+        if (!s.StreamingOutput) return result;
+      }
+    }
+    pass = 1;
+  }
+  return result;
+}
+
+std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
+  const std::int16_t detail = s.DetailNow;
+  const std::string message = s.Message;
+  const std::int16_t help = s.HelpNumber;
+  s.DetailNow = 0;
+  NodeIdx root = NewNode(s);
+  std::string result;
+  try {
+    s.Pool[root].Text = text;
+    ParseTree(s, root);
+    int level = 0;
+    SimplifyTree(s, root, level);
+    result = s.Pool[root].Text;
+  } catch (...) {
+    FreeChildren(s, root);
+    FreeNode(s, root);
+    s.DetailNow = detail;
+    s.Message = message;
+    s.HelpNumber = help;
+    throw;
+  }
+  FreeChildren(s, root);
+  FreeNode(s, root);
+  s.DetailNow = detail;
+  s.Message = message;
+  s.HelpNumber = help;
+  changed = result != text;
+  return result;
+}
+
+std::string SimplifyText(Session& s, const std::string& text) {
+  bool changed = false;
+  return SimplifyText(s, text, changed);
+}
+
+namespace {
+
+// The simplified text under ExactToFloat, and whether it is one number.
+bool SimplifiedNumber(Session& s, const std::string& text, std::string& number) {
+  const bool exact_to_float = s.ExactToFloat;
+  s.ExactToFloat = true;
+  try {
+    number = SimplifyText(s, text);
+  } catch (...) {
+    s.ExactToFloat = exact_to_float;
+    throw;
+  }
+  s.ExactToFloat = exact_to_float;
+  return !number.empty() && NumberEnd(s, number, 1) == static_cast<int>(number.size());
+}
+
+}  // namespace
+
+bool IsNumericText(Session& s, const std::string& text) {
+  std::string number;
+  return SimplifiedNumber(s, text, number);
+}
+
+bool IsPositiveNumericText(Session& s, const std::string& text) {
+  std::string number;
+  return SimplifiedNumber(s, text, number) && number[0] != '-';
+}
+
+bool IsNegativeNumericText(Session& s, const std::string& text) {
+  std::string number;
+  return SimplifiedNumber(s, text, number) && number[0] == '-';
+}
+
+bool IsBeyondUnitText(Session& s, const std::string& text) {
+  std::string number;
+  return SimplifiedNumber(s, text, number) && std::fabs(SafeValue(s, number)) > 1.0;
+}
+
+bool SimplifySide(Session& s, NodeIdx side) {
+  int level = 0;
+  NodeIdx root = side;
+  return SimplifyTree(s, root, level);
+}
+
+}  // namespace tavimor
