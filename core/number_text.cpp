@@ -31,9 +31,11 @@ std::string SignOf(std::string_view text) {
 std::string NormaliseForm(const Session& s, std::string_view text, bool whole_range) {
   const std::optional<double> value = ParseNumberText(text, s.Dp());
   if (!value) return "";
-  const double x = std::fabs(*value);
-  if (!std::isfinite(x)) return "";
-  std::string form = GeneralNumberFormat(x, s.Dp());
+  if (!std::isfinite(*value)) return "";
+  std::string form = GeneralNumberFormat(std::fabs(*value), s.Dp());
+  // The range is tested on the value as written to 15 figures, so that normalising a normal
+  // text gives it back: 999999999.9999995 is written 1000000000, which is 1E9.
+  const double x = ParseNumberText(form, s.Dp()).value_or(0.0);
   // "E+" -> "E"
   if (const std::size_t e = form.find("E+"); e != std::string::npos) form.erase(e + 1, 1);
   if (!whole_range && (x == 0.0 || (x >= 1e-9 && x < 1e9))) return SignOf(text) + form;

@@ -98,6 +98,17 @@ TEST_F(NumberText, NormaliseKeepsSignAndDropsNeedlessZeros) {
   EXPECT_EQ(NormaliseNumberText(s, "x"), "");
 }
 
+TEST_F(NumberText, NormalFormIsItsOwnNormalForm) {
+  // Rounding to 15 figures can carry a number over the bound of the plain form.
+  EXPECT_EQ(NormaliseNumberText(s, "999999999.9999995"), "1E9");
+  EXPECT_EQ(NormaliseNumberText(s, "1E9"), "1E9");
+  EXPECT_EQ(NormaliseNumberText(s, "0.00000000099999999999999999"), "1E-09");
+  for (const char* text : {"123.456", "1E-10", "9.99999999E8", "1.5E20", "0.001", "-2.5E-12"}) {
+    const std::string once = NormaliseNumberText(s, text);
+    EXPECT_EQ(NormaliseNumberText(s, once), once) << text;
+  }
+}
+
 TEST_F(NumberText, NormaliseWritesTheDecimalComma) {
   s.DecimalPoint = ",";
   EXPECT_EQ(NormaliseNumberText(s, "0,50"), "0,5");

@@ -1,5 +1,6 @@
-// Fuzz target: validate, load, regenerate, reload, typeset and set as text; no crash, no sanitizer
-// report, no pool node lost, and the regenerated text reads back to itself.
+// Fuzz target: validate, load, regenerate, reload, typeset, set as text and simplify; no crash, no
+// sanitizer report, no pool node lost, the regenerated text reads back to itself, and Simplify
+// settles.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -13,6 +14,7 @@
 #include "core/validate.h"
 #include "present/text_picture.h"
 #include "present/typesetter.h"
+#include "simplify/simplify_driver.h"
 #include "support/recording_frontend.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -46,6 +48,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const Picture picture = DrawEquation(s, frontend.metrics, first, item.left);
         TextPicture(s, picture);
         if (s.Pool.NodesInUse != before) std::abort();
+        // The simplify loop ends, keeps the pool whole, and settles: a second run changes nothing.
+        s.RewriteCount = 0;
+        const std::string simplified = SimplifyText(s, first);
+        bool changed = true;
+        SimplifyText(s, simplified, changed);
+        if (changed || s.Pool.NodesInUse != before) std::abort();
       } catch (const RunTimeError&) {
         // A full pool or the bound of one level: the command's message; the next load
         // reinitialises the pool.
