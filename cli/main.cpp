@@ -8,7 +8,7 @@
 
 #include <unistd.h>
 
-#include "cli/command_words.h"
+#include "shell/command_words.h"
 #include "cli/json_output.h"
 #include "cli/terminal_frontend.h"
 #include "cli/tree_command.h"

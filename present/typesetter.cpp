@@ -83,7 +83,8 @@ class Layout {
   std::array<float, kPoolSize + 1> content_x_{};
   std::array<float, kPoolSize + 1> content_y_{};
   std::array<bool, kPoolSize + 1> times_before_{};
-  std::array<float, kPoolSize + 1> rule_y_{};  // a product's rule, or -1 with no denominator
+  std::array<float, kPoolSize + 1> rule_y_{};         // a product's rule, or -1 with no denominator
+  std::array<float, kPoolSize + 1> content_width_{};  // the width the rule spans
 };
 
 std::vector<std::pair<std::string, Face>> Layout::LeafRuns(NodeIdx n) {
@@ -232,6 +233,7 @@ Box Layout::MeasureProduct(NodeIdx n) {
   const float gap = 0.15f * size_;
   const float rule = top_base + top_depth + gap;
   rule_y_[static_cast<std::size_t>(n)] = rule;
+  content_width_[static_cast<std::size_t>(n)] = width;
   for (const NodeIdx c : top) N(c).X += (width - top_width) / 2;
   for (const NodeIdx c : bottom) {
     N(c).X += (width - bottom_width) / 2;
@@ -315,7 +317,7 @@ void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
     line.kind = ItemKind::Rule;
     line.x = x;
     line.y = y + rule;
-    line.x2 = x + N(n).Width;
+    line.x2 = x + content_width_[static_cast<std::size_t>(n)];
     line.y2 = y + rule;
     line.width = 0.05f * size_;
     out.items.push_back(line);

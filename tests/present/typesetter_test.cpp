@@ -67,6 +67,16 @@ TEST_F(Typesetter, RuleIsALittleWiderThanTheWiderRow) {
   EXPECT_GT(rule.x2 - rule.x, Expression("a+b").width);
 }
 
+TEST_F(Typesetter, RuleInsideAFunctionSpansOnlyItsFraction) {
+  const Drawing d = Expression("sin(p/6)+3");
+  const DisplayItem rule = Items(d, ItemKind::Rule).at(0);
+  const std::vector<DisplayItem> curves = Items(d, ItemKind::Bracket);
+  ASSERT_EQ(curves.size(), 2u);
+  EXPECT_GT(rule.x, curves[0].x);
+  EXPECT_LT(rule.x2, curves[1].x + curves[1].width);
+  EXPECT_LT(rule.x2, TextItem(d, "+")->x);
+}
+
 TEST_F(Typesetter, SumsAsSoleNumeratorAndDenominatorGetNoBrackets) {
   const Drawing d = Expression("(a+b)/(c+d)");
   EXPECT_TRUE(Items(d, ItemKind::Bracket).empty());

@@ -1,5 +1,5 @@
-// The terminal tutor's command words and the buttons they press.
-#include "cli/command_words.h"
+// The command words of the front ends and the buttons they press.
+#include "shell/command_words.h"
 
 namespace tavimor {
 

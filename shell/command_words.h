@@ -1,4 +1,4 @@
-// The terminal tutor's command words and the buttons they press.
+// The command words of the front ends and the buttons they press.
 #pragma once
 
 #include <string>

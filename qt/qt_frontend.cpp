@@ -1,0 +1,120 @@
+// The window's side of the front-end interface: the work space widget, the pacing button, the
+// message box with its help button, the hint box, and the questions.
+#include "qt/qt_frontend.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include "qt/main_window.h"
+
+namespace tavimor {
+
+PacingDialog::PacingDialog(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), button_(new QPushButton(this)) {
+  setModal(true);
+  button_->setText(QStringLiteral("Next step"));
+  button_->setToolTip(
+      QStringLiteral("Enter or click: the next step.  Right click or Esc: stop.  F1: help"));
+  button_->setDefault(true);
+  button_->installEventFilter(this);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(2, 2, 2, 2);
+  layout->addWidget(button_);
+  connect(button_, &QPushButton::clicked, this, [this] { Finish(PauseInput::Continue); });
+}
+
+void PacingDialog::Finish(PauseInput input) {
+  input_ = input;
+  accept();
+}
+
+void PacingDialog::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Escape: Finish(PauseInput::Escape); return;
+    case Qt::Key_F1: Finish(PauseInput::Help); return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: Finish(PauseInput::Continue); return;
+    default: QDialog::keyPressEvent(event);
+  }
+}
+
+bool PacingDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == button_ && event->type() == QEvent::MouseButtonPress &&
+      static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
+    Finish(PauseInput::RightButton);
+    return true;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void QtFrontend::AppendToWorkSpace(const RichRun& run) {
+  if (window_ != nullptr) window_->WorkSpace()->Append(run);
+}
+
+void QtFrontend::ClearWorkSpace() {
+  if (window_ != nullptr) window_->WorkSpace()->Clear();
+}
+
+PauseInput QtFrontend::WaitButton(const std::string&, float x, float y) {
+  PacingDialog dialog(window_);
+  dialog.adjustSize();
+  if (x > 0 || y > 0) dialog.move(static_cast<int>(x), static_cast<int>(y));
+  QApplication::restoreOverrideCursor();
+  dialog.exec();
+  return dialog.Input();
+}
+
+void QtFrontend::ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) {
+  QMessageBox box(icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::Information,
+                  QStringLiteral("The Tavimor"), QString::fromStdString(text), QMessageBox::Ok,
+                  window_);
+  QPushButton* help = nullptr;
+  if (help_number != 0) help = box.addButton(QStringLiteral("Help"), QMessageBox::HelpRole);
+  box.exec();
+  if (help != nullptr && box.clickedButton() == help) ShowHelp(help_number);
+}
+
+void QtFrontend::ShowHintBox(const RichText& body, int help_number) {
+  QDialog box(window_);
+  box.setWindowTitle(QStringLiteral("Hint"));
+  auto* layout = new QVBoxLayout(&box);
+  auto* text = new WorkSpaceView(&box);
+  for (const RichRun& run : body) text->Append(run);
+  text->setMinimumSize(420, 160);
+  layout->addWidget(text);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Help, &box);
+  layout->addWidget(buttons);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::helpRequested, &box,
+                   [this, help_number] { ShowHelp(help_number); });
+  box.exec();
+}
+
+bool QtFrontend::AskYesNo(const std::string& question) {
+  return QMessageBox::question(window_, QStringLiteral("The Tavimor"),
+                               QString::fromStdString(question)) == QMessageBox::Yes;
+}
+
+std::optional<std::string> QtFrontend::AskText(const std::string& question,
+                                               const std::string& suggestion) {
+  bool ok = false;
+  const QString answer = QInputDialog::getText(window_, QStringLiteral("The Tavimor"),
+                                               QString::fromStdString(question), QLineEdit::Normal,
+                                               QString::fromStdString(suggestion), &ok);
+  if (!ok) return std::nullopt;
+  return answer.toStdString();
+}
+
+void QtFrontend::ShowHelp(int help_number) {
+  QMessageBox::information(
+      window_, QStringLiteral("Help"),
+      QStringLiteral("This step is explained in help topic %1.").arg(help_number));
+}
+
+}  // namespace tavimor

@@ -1,0 +1,55 @@
+// The window's side of the front-end interface: the work space widget, the pacing button, the
+// message box with its help button, the hint box, and the questions.
+#pragma once
+
+#include <QDialog>
+#include <QPushButton>
+
+#include "core/frontend.h"
+#include "qt/display_painter.h"
+
+namespace tavimor {
+
+class MainWindow;
+
+// The pacing button: a small modal form over the pressed command. Enter or the left button go
+// on, the right button asks to stop a solve, Esc stops, F1 shows the help of the last step.
+class PacingDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit PacingDialog(QWidget* parent);
+  PauseInput Input() const { return input_; }
+  QPushButton* ContinueButton() const { return button_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Finish(PauseInput input);
+  QPushButton* button_;
+  PauseInput input_ = PauseInput::Continue;
+};
+
+class QtFrontend : public Frontend {
+ public:
+  void SetWindow(MainWindow* window) { window_ = window; }
+
+  void AppendToWorkSpace(const RichRun& run) override;
+  void ClearWorkSpace() override;
+  const FontMetrics& Metrics() override { return metrics_; }
+  PauseInput WaitButton(const std::string& tag, float x, float y) override;
+  void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) override;
+  void ShowHintBox(const RichText& body, int help_number) override;
+  bool AskYesNo(const std::string& question) override;
+  std::optional<std::string> AskText(const std::string& question,
+                                     const std::string& suggestion) override;
+  void ShowHelp(int help_number) override;
+
+ private:
+  MainWindow* window_ = nullptr;
+  QtFontMetrics metrics_;
+};
+
+}  // namespace tavimor
