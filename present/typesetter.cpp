@@ -35,20 +35,37 @@ struct Box {
 class Layout {
  public:
   Layout(Session& s, const FontMetrics& metrics, float size)
-      : s_(s), m_(metrics), size_(size), sp_(metrics.TextWidth(" ", Face::Text, size)) {}
+      : s_(s),
+        m_(metrics),
+        base_size_(size),
+        size_(size),
+        sp_(metrics.TextWidth(" ", Face::Text, size)) {}
 
+  // Measures the tree of `root` set at the base size.
+  void MeasureTree(NodeIdx root) {
+    node_size_[static_cast<std::size_t>(root)] = base_size_;
+    MeasureAll(root);
+  }
   void MeasureAll(NodeIdx n);
   void Draw(NodeIdx n, float x, float y, Drawing& out);
-  float Sp() const { return sp_; }
+  // Measures at the base size, for what stands between drawings.
   float TextWidth(const std::string& text, Face face) const {
-    return m_.TextWidth(text, face, size_);
+    return m_.TextWidth(text, face, base_size_);
   }
-  float Ascent() const { return m_.Ascent(Face::Text, size_); }
-  float Descent() const { return m_.Descent(Face::Text, size_); }
-  float Size() const { return size_; }
+  float Ascent() const { return m_.Ascent(Face::Text, base_size_); }
+  float Descent() const { return m_.Descent(Face::Text, base_size_); }
+  float Size() const { return base_size_; }
 
  private:
   ExprNode& N(NodeIdx n) { return s_.Pool[n]; }
+  // The size of the node in hand: an exponent is set smaller than its base.
+  void UseSize(NodeIdx n) {
+    size_ = node_size_[static_cast<std::size_t>(n)];
+    sp_ = m_.TextWidth(" ", Face::Text, size_);
+  }
+  float Width(const std::string& text, Face face) const { return m_.TextWidth(text, face, size_); }
+  float CurrentAscent() const { return m_.Ascent(Face::Text, size_); }
+  float CurrentDescent() const { return m_.Descent(Face::Text, size_); }
   void SetBox(NodeIdx n, const Box& b) {
     N(n).Width = b.width;
     N(n).Height = b.height;
@@ -78,8 +95,10 @@ class Layout {
 
   Session& s_;
   const FontMetrics& m_;
+  float base_size_;
   float size_;
   float sp_;
+  std::array<float, kPoolSize + 1> node_size_{};
   std::array<float, kPoolSize + 1> content_x_{};
   std::array<float, kPoolSize + 1> content_y_{};
   std::array<bool, kPoolSize + 1> times_before_{};
@@ -105,23 +124,31 @@ std::vector<std::pair<std::string, Face>> Layout::LeafRuns(NodeIdx n) {
 
 float Layout::SignWidth(NodeIdx term) {
   const ExprNode& node = N(term);
-  if (node.Role == kRoleMinus) return TextWidth(kMinus, Face::Sign);
+  if (node.Role == kRoleMinus) return Width(kMinus, Face::Sign);
   if (node.Role == kRoleLeadingPlus || (node.Role == kRolePlus && node.Prev != kNoNode)) {
-    return TextWidth("+", Face::Sign);
+    return Width("+", Face::Sign);
   }
   return 0.0f;
 }
 
 void Layout::MeasureAll(NodeIdx n) {
-  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) MeasureAll(c);
+  const float size = node_size_[static_cast<std::size_t>(n)];
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    // An exponent at seven tenths of its base, but not below half the size of the work space.
+    const bool exponent = N(n).Kind == kKindPower && c == N(n).FirstChild;
+    node_size_[static_cast<std::size_t>(c)] =
+        exponent ? std::max(0.7f * size, 0.5f * base_size_) : size;
+    MeasureAll(c);
+  }
+  UseSize(n);
   ExprNode& node = N(n);
   content_x_[static_cast<std::size_t>(n)] = 0.0f;
   content_y_[static_cast<std::size_t>(n)] = 0.0f;
   if (node.FirstChild == kNoNode) {
     float width = 0.0f;
-    for (const auto& [text, face] : LeafRuns(n)) width += TextWidth(text, face);
+    for (const auto& [text, face] : LeafRuns(n)) width += Width(text, face);
     if (node.Kind == kKindVariable && node.Text == "d" && s_.SpecialD) width = sp_;
-    SetBox(n, {width, Ascent() + Descent(), Ascent()});
+    SetBox(n, {width, CurrentAscent() + CurrentDescent(), CurrentAscent()});
     return;
   }
   if (node.Kind == kKindPower) {
@@ -157,7 +184,7 @@ void Layout::MeasureAll(NodeIdx n) {
     } else {
       const float pad = 0.05f * size_;
       const float curve = BracketWidth(content.height);
-      const float name_width = TextWidth(name, Face::Text);
+      const float name_width = Width(name, Face::Text);
       content_x_[static_cast<std::size_t>(n)] = name_width + curve + pad;
       content_y_[static_cast<std::size_t>(n)] = pad;
       SetBox(n, {name_width + content.width + 2 * (curve + pad), content.height + 2 * pad,
@@ -204,7 +231,7 @@ float Layout::LayRow(const std::vector<NodeIdx>& row, float& base, float& depth)
   for (const NodeIdx c : row) {
     const bool sign = previous != kNoNode && NeedsTimesSign(s_, previous, c);
     times_before_[static_cast<std::size_t>(c)] = sign;
-    if (sign) x += sp_ + TextWidth(kTimes, Face::Sign);
+    if (sign) x += sp_ + Width(kTimes, Face::Sign);
     N(c).X = x;
     x += N(c).Width;
     base = std::max(base, N(c).Base);
@@ -243,12 +270,13 @@ Box Layout::MeasureProduct(NodeIdx n) {
 }
 
 void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
+  UseSize(n);
   const ExprNode& node = N(n);
   if (node.FirstChild == kNoNode) {
     float pen = x;
     for (const auto& [text, face] : LeafRuns(n)) {
       AddText(out, pen, y + node.Base, text, face);
-      pen += TextWidth(text, face);
+      pen += Width(text, face);
     }
     return;
   }
@@ -266,7 +294,7 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
     if (node.Kind == kKindFunction) {
       const std::string name = node.Text.substr(0, node.Text.find('('));
       AddText(out, x, y + node.Base, name, Face::Text);
-      left += TextWidth(name, Face::Text);
+      left += Width(name, Face::Text);
     }
     const float curve = BracketWidth(node.Height - 0.1f * size_);
     DisplayItem open;
@@ -298,6 +326,7 @@ void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
   const float rule = rule_y_[static_cast<std::size_t>(n)];
   NodeIdx row_start = kNoNode;  // the pseudo sign of a row stands straight before its factor
   for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    UseSize(n);
     const ExprNode& child = N(c);
     if (IsSumRole(child.Role)) {
       const float sign = SignWidth(c);
@@ -306,12 +335,13 @@ void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
         AddText(out, x + child.X - sp_ - sign, y + child.Y + child.Base, text, Face::Sign);
       }
     } else if (times_before_[static_cast<std::size_t>(c)]) {
-      const float dot = TextWidth(kTimes, Face::Sign);
+      const float dot = Width(kTimes, Face::Sign);
       AddText(out, x + child.X - sp_ / 2 - dot, y + child.Y + child.Base, kTimes, Face::Sign);
     }
     Draw(c, x + child.X, y + child.Y, out);
     (void)row_start;
   }
+  UseSize(n);
   if (rule >= 0.0f) {
     DisplayItem line;
     line.kind = ItemKind::Rule;
@@ -336,7 +366,7 @@ Drawing LayOutText(Session& s, Layout& layout, const std::string& text) {
   try {
     s.Pool[root].Text = text;
     ParseTree(s, root);
-    layout.MeasureAll(root);
+    layout.MeasureTree(root);
     d.width = s.Pool[root].Width;
     d.height = s.Pool[root].Height;
     d.baseline = s.Pool[root].Base;

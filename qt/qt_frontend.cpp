@@ -76,6 +76,7 @@ void QtFrontend::ShowMessageBox(const std::string& text, int help_number, Messag
                   window_);
   QPushButton* help = nullptr;
   if (help_number != 0) help = box.addButton(QStringLiteral("Help"), QMessageBox::HelpRole);
+  box.setEscapeButton(QMessageBox::Ok);
   box.exec();
   if (help != nullptr && box.clickedButton() == help) ShowHelp(help_number);
 }

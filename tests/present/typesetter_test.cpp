@@ -33,10 +33,15 @@ class Typesetter : public SessionTest {
   const float sp = 6.0f;
 };
 
+// An exponent is set at seven tenths of its base: 8.4 points, 4.2 wide a character, ascent 6.72.
+constexpr float kExponentWidth = 4.2f;
+constexpr float kExponentAscent = 6.72f;
+
 TEST_F(Typesetter, PowerIsWiderThanItsBaseByHalfABlankAndTheExponent) {
   const Drawing x = Expression("x");
   const Drawing square = Expression("x^2");
-  EXPECT_FLOAT_EQ(square.width, x.width + sp / 2 + Expression("2").width);
+  EXPECT_FLOAT_EQ(square.width, x.width + sp / 2 + kExponentWidth);
+  EXPECT_FLOAT_EQ(TextItem(square, "2")->size, 8.4f);
 }
 
 TEST_F(Typesetter, ExponentBaselineLiesATenthOfTheBaseBelowItsTop) {
@@ -45,10 +50,10 @@ TEST_F(Typesetter, ExponentBaselineLiesATenthOfTheBaseBelowItsTop) {
   const DisplayItem* exponent = TextItem(d, "2");
   ASSERT_NE(base, nullptr);
   ASSERT_NE(exponent, nullptr);
-  EXPECT_FLOAT_EQ(exponent->y, 9.6f);            // the exponent's own baseline
-  EXPECT_FLOAT_EQ(base->y, 9.6f - 1.2f + 9.6f);  // t = base of e - 0.1 * height of b
+  EXPECT_FLOAT_EQ(exponent->y, kExponentAscent);            // the exponent's own baseline
+  EXPECT_FLOAT_EQ(base->y, kExponentAscent - 1.2f + 9.6f);  // t = base of e - 0.1 * height of b
   EXPECT_FLOAT_EQ(d.baseline, base->y);
-  EXPECT_FLOAT_EQ(d.height, 0.9f * 12.0f + 9.6f);
+  EXPECT_FLOAT_EQ(d.height, 0.9f * 12.0f + kExponentAscent);
   EXPECT_FLOAT_EQ(exponent->x, 6.0f + sp / 2);
 }
 
@@ -114,6 +119,12 @@ TEST_F(Typesetter, ShownBracketsAreCurvesAsTallAsTheirContent) {
   const std::vector<DisplayItem> tall_curves = Items(tall, ItemKind::Bracket);
   ASSERT_EQ(tall_curves.size(), 2u);
   EXPECT_GT(tall_curves[0].y2 - tall_curves[0].y, curves[0].y2 - curves[0].y);
+}
+
+TEST_F(Typesetter, ExponentOfAnExponentIsNotSmallerThanHalfTheSize) {
+  const Drawing d = Expression("x^(y^z)");
+  EXPECT_FLOAT_EQ(TextItem(d, "y")->size, 8.4f);
+  EXPECT_FLOAT_EQ(TextItem(d, "z")->size, 6.0f);
 }
 
 TEST_F(Typesetter, HiddenBracketsAreNotDrawn) {

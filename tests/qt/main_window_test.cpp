@@ -1,0 +1,365 @@
+// The desktop window driven as a student would, offscreen: typing, OK, the panels, the status
+// bar, the pacing button, message boxes, the work space's pixels, copying, export, screenshots.
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+#include "present/typesetter.h"
+#include "present/work_space.h"
+#include "qt/main_window.h"
+#include "qt/qt_frontend.h"
+#include "shell/main_flow.h"
+
+namespace tavimor {
+
+namespace {
+
+// Runs `act` on the next modal widget that shows up.
+void WhenModal(std::function<void(QWidget*)> act) {
+  QTimer::singleShot(0, [act] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr) {
+      WhenModal(act);
+      return;
+    }
+    act(modal);
+  });
+}
+
+bool Dark(QRgb pixel) { return qGray(pixel) < 110; }
+
+// The lowest row with a dark pixel between two columns.
+int LowestDarkRow(const QImage& image, int x0, int x1, int y0, int y1) {
+  int lowest = -1;
+  for (int y = y0; y < y1; ++y) {
+    for (int x = x0; x < x1; ++x) {
+      if (Dark(image.pixel(x, y))) lowest = y;
+    }
+  }
+  return lowest;
+}
+
+// The row with the longest run of dark pixels between two columns: a fraction's rule.
+int RuleRow(const QImage& image, int x0, int x1, int y0, int y1) {
+  int best_row = -1;
+  int best = 0;
+  for (int y = y0; y < y1; ++y) {
+    int run = 0;
+    for (int x = x0; x < x1; ++x) {
+      run = Dark(image.pixel(x, y)) ? run + 1 : 0;
+      if (run > best) {
+        best = run;
+        best_row = y;
+      }
+    }
+  }
+  return best_row;
+}
+
+}  // namespace
+
+class MainWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void init() {
+    frontend_ = std::make_unique<QtFrontend>();
+    session_ = std::make_unique<Session>(*frontend_);
+    session_->SetFirstRunOptions();
+    StartUp(*session_, ".");
+    window_ = std::make_unique<MainWindow>(*session_);
+    frontend_->SetWindow(window_.get());
+    window_->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window_.get()));
+  }
+
+  void cleanup() {
+    window_.reset();
+    session_.reset();
+    frontend_.reset();
+  }
+
+  void TypingAnEquationAndPressingOkConsidersIt() {
+    QTest::keyClicks(window_->EquationBox()->lineEdit(), QStringLiteral("2*x+3=7"));
+    QTest::mousePress(window_->OkButton(), Qt::LeftButton);
+    QCOMPARE(window_->WorkSpace()->HiddenText(),
+             QStringLiteral("\nConsider  the equation  @2*x+3=7@  \n"));
+    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Equation"));
+    QVERIFY(window_->Button("cmdDoLHS")->isVisible());
+    QVERIFY(window_->Button("cmdDoLHS")->isEnabled());
+    QCOMPARE(window_->EquationBox()->count(), 1);
+  }
+
+  void EnterInTheBoxIsOk() {
+    QTest::keyClicks(window_->EquationBox()->lineEdit(), QStringLiteral("x+x"));
+    QTest::keyClick(window_->EquationBox()->lineEdit(), Qt::Key_Return);
+    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Expression"));
+  }
+
+  void RefusedItemShowsTheMessageBoxWithHelp() {
+    QString shown;
+    WhenModal([&shown](QWidget* modal) {
+      auto* box = qobject_cast<QMessageBox*>(modal);
+      shown = box != nullptr ? box->text() : QString();
+      QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    window_->EquationBox()->setEditText(QStringLiteral("2x+"));
+    window_->LoadTyped(false);
+    QCOMPARE(shown,
+             QStringLiteral("Error in input string.  Invalid symbol + at end of expression."));
+    QCOMPARE(window_->WorkSpace()->HiddenText(), QString());
+  }
+
+  void RightButtonOnOkClearsTheWorkSpaceFirst() {
+    window_->EquationBox()->setEditText(QStringLiteral("x"));
+    QTest::mousePress(window_->OkButton(), Qt::LeftButton);
+    window_->EquationBox()->setEditText(QStringLiteral("y"));
+    QTest::mousePress(window_->OkButton(), Qt::RightButton);
+    QCOMPARE(window_->WorkSpace()->HiddenText(),
+             QStringLiteral("\nConsider  the expression  @y@  \n"));
+  }
+
+  void SimplifyButtonShowsOneStepAtATime() {
+    window_->EquationBox()->setEditText(QStringLiteral("x+x+(3)"));
+    window_->LoadTyped(false);
+    QTest::mousePress(window_->Button("cmdSimplify"), Qt::LeftButton);
+    QVERIFY(window_->WorkSpace()->HiddenText().contains(QStringLiteral("@x+x+3@")));
+    QVERIFY(!window_->WorkSpace()->HiddenText().contains(QStringLiteral("@2*x+3@")));
+    QTest::mousePress(window_->Button("cmdSimplify"), Qt::LeftButton);
+    QVERIFY(window_->WorkSpace()->HiddenText().contains(QStringLiteral("@2*x+3@")));
+  }
+
+  void LeftSideAndBack() {
+    window_->EquationBox()->setEditText(QStringLiteral("x+x=4"));
+    window_->LoadTyped(false);
+    QTest::mousePress(window_->Button("cmdDoLHS"), Qt::LeftButton);
+    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Left Side"));
+    QVERIFY(window_->Button("cmdShowEqnFrame")->isVisible());
+    QTest::mousePress(window_->Button("cmdShowEqnFrame"), Qt::LeftButton);
+    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Equation"));
+  }
+
+  void StatusPanelsCycleWhenClicked() {
+    const QStringList detail = {"show steps one-by-one ", "show steps in a stream ",
+                                "show result only ", "show steps one-by-one "};
+    for (const QString& text : detail) {
+      QCOMPARE(window_->Status(1)->text(), text);
+      QTest::mouseClick(window_->Status(1), Qt::LeftButton);
+    }
+    const QStringList complex = {"cplx arithmetic (using i) ", "cplx arithmetic (using j) ",
+                                 "complex arithmetic (not using i or j) ", "real arithmetic only "};
+    for (const QString& text : complex) {
+      QTest::mouseClick(window_->Status(2), Qt::LeftButton);
+      QCOMPARE(window_->Status(2)->text(), text);
+    }
+    QTest::mouseClick(window_->Status(3), Qt::LeftButton);
+    QCOMPARE(window_->Status(3)->text(), QStringLiteral("floating pt. arithmetic "));
+    QTest::mouseClick(window_->Status(4), Qt::LeftButton);
+    QCOMPARE(window_->Status(4)->text(), QStringLiteral("degrees "));
+    QTest::mouseClick(window_->Status(5), Qt::LeftButton);
+    QCOMPARE(window_->Status(5)->text(), QStringLiteral("quads by graphing "));
+    QTest::mouseClick(window_->Status(7), Qt::LeftButton);
+    QCOMPARE(window_->Status(7)->text(), QStringLiteral("e = variable "));
+    QTest::mouseClick(window_->Status(8), Qt::LeftButton);
+    QCOMPARE(window_->Status(8)->text(), QStringLiteral("p = pi "));
+    QTest::mouseClick(window_->Status(9), Qt::LeftButton);
+    QCOMPARE(window_->Status(9)->text(), QStringLiteral("d = degrees "));
+  }
+
+  void UnknownPanelAsksForTheLetter() {
+    WhenModal([](QWidget* modal) {
+      auto* edit = modal->findChild<QLineEdit*>();
+      edit->setText(QStringLiteral("t"));
+      QTest::keyClick(edit, Qt::Key_Return);
+    });
+    QTest::mouseClick(window_->Status(6), Qt::LeftButton);
+    QCOMPARE(window_->Status(6)->text(), QStringLiteral("unknown = t "));
+  }
+
+  void PacingButtonGoesOnWithEnterAndStopsWithEsc() {
+    WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Return); });
+    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Continue);
+    WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
+    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Escape);
+    WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_F1); });
+    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Help);
+    WhenModal([](QWidget* modal) {
+      auto* dialog = qobject_cast<PacingDialog*>(modal);
+      QTest::mousePress(dialog->ContinueButton(), Qt::RightButton);
+    });
+    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::RightButton);
+  }
+
+  void PacingButtonStandsWhereItIsToldTo() {
+    QPoint where;
+    WhenModal([&where](QWidget* modal) {
+      where = modal->pos();
+      QTest::keyClick(modal, Qt::Key_Return);
+    });
+    frontend_->WaitButton("", 300, 200);
+    QCOMPARE(where, QPoint(300, 200));
+  }
+
+  void CancelAtThePacingButtonStopsTheCommand() {
+    WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
+    bool cancelled = false;
+    try {
+      ShowWaitButton(*session_, "");
+    } catch (const AppError& error) {
+      cancelled = error.Number() == kErrorCancel;
+    }
+    QVERIFY(cancelled);
+  }
+
+  void RightButtonAtThePacingButtonAsksFirst() {
+    WhenModal([](QWidget* modal) {
+      QTest::mousePress(qobject_cast<PacingDialog*>(modal)->ContinueButton(), Qt::RightButton);
+      WhenModal([](QWidget* question) {
+        auto* box = qobject_cast<QMessageBox*>(question);
+        QCOMPARE(box->text(), QStringLiteral("Really want to stop AutoSolve?"));
+        box->button(QMessageBox::No)->click();
+      });
+    });
+    ShowWaitButton(*session_, "");  // No: the solve goes on
+    QCOMPARE(session_->AutoSolveTag, std::string());
+  }
+
+  void MessageBoxOffersItsHelpTopic() {
+    QString help;
+    WhenModal([&help](QWidget* modal) {
+      auto* box = qobject_cast<QMessageBox*>(modal);
+      QAbstractButton* button = nullptr;
+      for (QAbstractButton* b : box->buttons()) {
+        if (b->text() == QStringLiteral("Help")) button = b;
+      }
+      QVERIFY(button != nullptr);
+      WhenModal([&help](QWidget* topic) {
+        help = qobject_cast<QMessageBox*>(topic)->text();
+        QTest::keyClick(topic, Qt::Key_Escape);
+      });
+      button->click();
+    });
+    frontend_->ShowMessageBox("Error in input string.", 2, MessageIcon::Information);
+    QVERIFY(help.contains(QStringLiteral("topic 2")));
+  }
+
+  void HintBoxHoldsRichTextWithMathematics() {
+    WhenModal([](QWidget* modal) {
+      auto* view = modal->findChild<WorkSpaceView*>();
+      QCOMPARE(view->HiddenText(), QStringLiteral("Divide by @2@\n"));
+      QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    ShowHint(*session_, "Divide by @2@");
+  }
+
+  void MathematicsSitsOnTheBaselineOfTheText() {
+    WorkSpaceView* view = window_->WorkSpace();
+    view->Clear();
+    const auto text = [](const char* t) {
+      RichRun run;
+      run.text = t;
+      run.format = TextFormat::Parse("FFF0", 12.0f);
+      return run;
+    };
+    const auto picture = [this](const char* t) {
+      RichRun run;
+      run.kind = RunKind::Picture;
+      run.picture = DrawExpression(*session_, frontend_->Metrics(), t);
+      return run;
+    };
+    view->Append(text("HHHH "));
+    view->Append(picture("1/2"));
+    view->Append(text(" HHHH "));
+    view->Append(picture("x^2"));
+    view->Append(text(" HHHH"));
+    QApplication::processEvents();
+    const QImage image = view->viewport()->grab().toImage();
+    const auto x_of = [view](int position) {
+      QTextCursor cursor(view->document());
+      cursor.setPosition(position);
+      return view->cursorRect(cursor).x();
+    };
+    const int h_start = x_of(0);
+    const int h_end = x_of(4);
+    const int baseline = LowestDarkRow(image, h_start, h_end, 0, image.height());
+    QVERIFY(baseline > 0);
+    // The fraction's rule lies on the baseline of the text.
+    const int fraction_start = x_of(5);
+    const int fraction_end = x_of(6);
+    const int rule = RuleRow(image, fraction_start, fraction_end, 0, image.height());
+    QVERIFY2(std::abs(rule - baseline) <= 1,
+             qPrintable(QStringLiteral("rule %1, baseline %2").arg(rule).arg(baseline)));
+    // The base of the power stands on the baseline, its exponent above.
+    const int power_start = x_of(12);
+    const int power_end = x_of(13);
+    const int base_left = power_start + (power_end - power_start) / 3;
+    const int base_bottom = LowestDarkRow(image, power_start, base_left, 0, image.height());
+    QVERIFY2(std::abs(base_bottom - baseline) <= 1,
+             qPrintable(QStringLiteral("base %1, baseline %2").arg(base_bottom).arg(baseline)));
+    const int exponent_bottom =
+        LowestDarkRow(image, base_left + (power_end - base_left) / 2, power_end, 0, image.height());
+    QVERIFY(exponent_bottom < baseline - 3);
+  }
+
+  void CopyingWritesTheMathematicsOut() {
+    window_->EquationBox()->setEditText(QStringLiteral("x^2/(x+1)=3"));
+    window_->LoadTyped(false);
+    window_->WorkSpace()->selectAll();
+    window_->WorkSpace()->copy();
+    QCOMPARE(QApplication::clipboard()->text(),
+             QStringLiteral("\nConsider  the equation  x^2/(x+1)=3  \n"));
+  }
+
+  void ExportKeepsThePictures() {
+    window_->EquationBox()->setEditText(QStringLiteral("1/2+x^2"));
+    window_->LoadTyped(false);
+    QTemporaryDir dir;
+    const QString html = dir.filePath(QStringLiteral("work.html"));
+    QVERIFY(window_->WorkSpace()->ExportHtml(html));
+    QFile file(html);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString page = QString::fromUtf8(file.readAll());
+    QVERIFY(page.contains(QStringLiteral("Consider")));
+    QVERIFY(page.contains(QStringLiteral("alt=\"1/2+x^2\"")));
+    QVERIFY(page.contains(QStringLiteral("data:image/png;base64,")));
+    const QString pdf = dir.filePath(QStringLiteral("work.pdf"));
+    QVERIFY(window_->WorkSpace()->ExportPdf(pdf));
+    QVERIFY(QFileInfo(pdf).size() > 1000);
+  }
+
+  void ScreenshotProgramSavesTheWindow() {
+    QTemporaryDir dir;
+    const QString png = dir.filePath(QStringLiteral("shot.png"));
+    QProcess program;
+    program.start(QStringLiteral(TAVIMOR_WINDOW_PROGRAM),
+                  {QStringLiteral("--screenshot"), png, QStringLiteral("x+x=(4)"),
+                   QStringLiteral("left"), QStringLiteral("simplify")});
+    QVERIFY(program.waitForFinished(30000));
+    QCOMPARE(program.exitCode(), 0);
+    QImage image(png);
+    QVERIFY(!image.isNull());
+    QVERIFY(image.width() >= 760 && image.height() >= 480);
+    // The work space holds dark ink: the window was drawn, not left empty.
+    int dark = 0;
+    for (int y = 0; y < image.height(); y += 2) {
+      for (int x = 0; x < image.width(); x += 2) dark += Dark(image.pixel(x, y)) ? 1 : 0;
+    }
+    QVERIFY(dark > 500);
+  }
+
+ private:
+  std::unique_ptr<QtFrontend> frontend_;
+  std::unique_ptr<Session> session_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace tavimor
+
+QTEST_MAIN(tavimor::MainWindowTest)
+#include "main_window_test.moc"
