@@ -201,6 +201,8 @@ void MainWindow::BuildMenus() {
   file->addSeparator();
   file->addAction(QStringLiteral("E&xit"), QKeySequence::Quit, this, &QWidget::close);
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+  help->addAction(QStringLiteral("Help on the last &step"), QKeySequence(Qt::Key_F1), this,
+                  [this] { s_.Screen().ShowHelp(s_.HelpNumber); });
   help->addAction(QStringLiteral("&About The Tavimor"), this, [this] {
     QMessageBox::about(this, QStringLiteral("The Tavimor"),
                        QStringLiteral("<b>The Tavimor</b><br>A step-by-step algebra tutor.<br>"
@@ -288,14 +290,6 @@ void MainWindow::SyncFromState() {
   if (CommandButton* focus = Button(form.focus); focus != nullptr && focus->isEnabled()) {
     focus->setFocus();
   }
-}
-
-void MainWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_F1) {
-    s_.Screen().ShowHelp(s_.HelpNumber);
-    return;
-  }
-  QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::PrintWorkSpace() {

@@ -70,9 +70,6 @@ class MainWindow : public QMainWindow {
   void PrintWorkSpace();
   void ExportWorkSpace(const QString& kind);
 
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
-
  private:
   QWidget* BuildPanels();
   void BuildMenus();

@@ -249,6 +249,20 @@ class MainWindowTest : public QObject {
     QVERIFY(help.contains(QStringLiteral("topic 2")));
   }
 
+  void F1ShowsTheHelpTopicOfTheLastStep() {
+    window_->EquationBox()->setEditText(QStringLiteral("x+x"));
+    window_->LoadTyped(false);
+    QTest::mousePress(window_->Button("cmdSimplify"), Qt::LeftButton);
+    QString help;
+    WhenModal([&help](QWidget* modal) {
+      help = qobject_cast<QMessageBox*>(modal)->text();
+      QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    window_->WorkSpace()->setFocus();
+    QTest::keyClick(window_->WorkSpace(), Qt::Key_F1);
+    QCOMPARE(help, QStringLiteral("This step is explained in help topic 384."));
+  }
+
   void HintBoxHoldsRichTextWithMathematics() {
     WhenModal([](QWidget* modal) {
       auto* view = modal->findChild<WorkSpaceView*>();
