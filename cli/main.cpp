@@ -8,7 +8,6 @@
 
 #include <unistd.h>
 
-#include "shell/command_words.h"
 #include "cli/json_output.h"
 #include "cli/terminal_frontend.h"
 #include "cli/tree_command.h"
@@ -16,7 +15,9 @@
 #include "core/validate.h"
 #include "present/message_box.h"
 #include "present/text_picture.h"
+#include "shell/algebra_file.h"
 #include "shell/buttons.h"
+#include "shell/command_words.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
 
@@ -48,6 +49,12 @@ Options:
                     Flags take True or False; numbers must lie in the range the
                     options dialog offers. May be given more than once.
   --decimal-comma   Numbers are written with "," as the decimal separator.
+  --file PATH       Opens an algebra file before the item is loaded, as Open does, so
+                    that a new item is remembered in it (a known one shows its comment).
+  --save            Saves the list to that file after the commands.
+  --save-as PATH    Saves the list to PATH after the commands.
+  --list            With --file: prints its topics, subtopics and problems with their
+                    comments, indented.
   --help            Shows this text.
 
 tree ITEM: a refused item prints its message on standard error. An accepted item
@@ -59,8 +66,8 @@ the node's Text; a blank code shows as a pilcrow.
 The tutor starts from the first-run options, never from saved settings, so that
 its output is the same on every machine.
 
-Exit status: 0 done (also when a command failed with its message), 2 item refused,
-3 unknown or unavailable command, 64 a mistake on the command line.
+Exit status: 0 done (also when a command failed with its message), 1 file not saved,
+2 item or file refused, 3 unknown or unavailable command, 64 a mistake on the command line.
 
 Commands:
 )";
@@ -70,7 +77,73 @@ struct CliOptions {
   bool decimal_comma = false;
   bool json = false;
   std::string batch;
+  std::string file;     // an algebra file opened before the item is loaded
+  bool save = false;    // save the list to it afterwards
+  std::string save_as;  // or to this file
+  bool list = false;    // print the list instead
 };
+
+constexpr int kExitNotSaved = 1;
+
+// Opens the algebra file as Open does; a file that cannot be read is told and ends the run.
+bool OpenFile(Session& s, const CliOptions& options) {
+  if (options.file.empty()) return true;
+  const ReadOutcome outcome = ReadAlgebraFile(s, options.file);
+  if (!outcome.ok) {
+    std::cerr << outcome.problem << '\n';
+    return false;
+  }
+  s.FileName = options.file;
+  s.ListEditedFlag = s.EqnAddedFlag = false;
+  if (LoadTopics(s).empty()) {
+    LoadEqns(s, 1);
+  } else {
+    s.EqnInsertPos = static_cast<std::int16_t>(s.ListEntries.size() + 1);
+  }
+  return true;
+}
+
+// Saves the list where the options say; "File not saved." on failure.
+int SaveFile(Session& s, const CliOptions& options) {
+  const std::string path =
+      !options.save_as.empty() ? options.save_as : (options.save ? s.FileName : "");
+  if (path.empty()) return kExitOk;
+  if (!WriteAlgebraFile(s, path)) {
+    std::cerr << "File not saved.\n";
+    return kExitNotSaved;
+  }
+  s.FileName = path;
+  s.ListEditedFlag = s.EqnAddedFlag = false;
+  return kExitOk;
+}
+
+// The topics, subtopics and problems of the list with their comments, indented.
+void PrintList(const Session& s, std::ostream& out) {
+  int depth = 0;
+  const auto comment_lines = [&out](const std::string& text, int indent) {
+    std::size_t start = 0;
+    while (start <= text.size()) {
+      std::size_t end = text.find("\r\n", start);
+      const std::string line = text.substr(start, end == std::string::npos ? end : end - start);
+      out << std::string(static_cast<std::size_t>(indent), ' ') << "# " << line << '\n';
+      if (end == std::string::npos) break;
+      start = end + 2;
+    }
+  };
+  for (const std::string& entry : s.ListEntries) {
+    if (entry.rfind("Topic:", 0) == 0) {
+      depth = 1;
+      out << entry.substr(6) << '\n';
+    } else if (entry.rfind("SubTop:", 0) == 0) {
+      depth = 2;
+      out << "  " << entry.substr(7) << '\n';
+    } else if (entry.rfind("Eqn:", 0) == 0) {
+      out << std::string(static_cast<std::size_t>(2 * depth), ' ') << entry.substr(4) << '\n';
+    } else if (entry.rfind("Comment:", 0) == 0 && entry.size() > 8) {
+      comment_lines(entry.substr(8), 2 * depth + 2);
+    }
+  }
+}
 
 int Usage(const std::string& problem) {
   std::cerr << "tavimor-cli: " << problem << "\nTry 'tavimor-cli --help'.\n";
@@ -276,10 +349,15 @@ int Interactive(const CliOptions& options) {
 
 int Main(int argc, char** argv) {
   CliOptions options;
-  std::vector<std::string> args(argv + 1, argv + argc);
-  std::size_t i = 0;
-  for (; i < args.size(); ++i) {
-    const std::string& arg = args[i];
+  const std::vector<std::string> all(argv + 1, argv + argc);
+  // Options may stand anywhere: command words and items never begin with "--".
+  std::vector<std::string> args;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const std::string& arg = all[i];
+    if (arg.rfind("--", 0) != 0 && arg != "-h") {
+      args.push_back(arg);
+      continue;
+    }
     if (arg == "--help" || arg == "-h") {
       std::cout << kUsage;
       for (const CommandWord& word : CommandWords()) {
@@ -298,14 +376,24 @@ int Main(int argc, char** argv) {
       options.decimal_comma = true;
     } else if (arg == "--json") {
       options.json = true;
+    } else if (arg == "--file") {
+      if (++i >= all.size()) return Usage("--file needs a PATH.");
+      options.file = all[i];
+    } else if (arg == "--save") {
+      options.save = true;
+    } else if (arg == "--save-as") {
+      if (++i >= all.size()) return Usage("--save-as needs a PATH.");
+      options.save_as = all[i];
+    } else if (arg == "--list") {
+      options.list = true;
     } else if (arg == "--batch") {
-      if (++i >= args.size()) return Usage("--batch needs a FILE.");
-      options.batch = args[i];
+      if (++i >= all.size()) return Usage("--batch needs a FILE.");
+      options.batch = all[i];
     } else if (arg == "--set" || arg.rfind("--set=", 0) == 0) {
       std::string setting;
       if (arg == "--set") {
-        if (++i >= args.size()) return Usage("--set needs KEY=VALUE.");
-        setting = args[i];
+        if (++i >= all.size()) return Usage("--set needs KEY=VALUE.");
+        setting = all[i];
       } else {
         setting = arg.substr(6);
       }
@@ -314,12 +402,11 @@ int Main(int argc, char** argv) {
         return Usage("--set needs KEY=VALUE, not \"" + setting + "\".");
       }
       options.settings.emplace_back(setting.substr(0, equals), setting.substr(equals + 1));
-    } else if (arg.rfind("--", 0) == 0) {
-      return Usage("unknown option " + arg + ".");
     } else {
-      break;
+      return Usage("unknown option " + arg + ".");
     }
   }
+  const std::size_t i = 0;  // the first word that is no option
   // Check the settings before anything runs.
   {
     TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);
@@ -327,8 +414,19 @@ int Main(int argc, char** argv) {
     std::string error;
     if (!StartSession(check, options, error)) return Usage(error);
   }
+  if (options.save && options.file.empty()) return Usage("--save needs --file PATH to save to.");
+  if (options.list) {
+    if (options.file.empty()) return Usage("--list needs --file PATH.");
+    TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);
+    Session s(frontend);
+    std::string error;
+    StartSession(s, options, error);
+    if (!OpenFile(s, options)) return kExitRefused;
+    PrintList(s, std::cout);
+    return kExitOk;
+  }
   if (!options.batch.empty()) {
-    if (i != args.size()) return Usage("--batch takes no ITEM.");
+    if (!args.empty()) return Usage("--batch takes no ITEM.");
     return RunBatch(options);
   }
   if (i == args.size()) return Interactive(options);
@@ -346,9 +444,12 @@ int Main(int argc, char** argv) {
   frontend.AttachSession(s);
   std::string error;
   StartSession(s, options, error);
+  if (!OpenFile(s, options)) return kExitRefused;
   const std::vector<std::string> words(args.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                                        args.end());
-  return RunItem(s, frontend, args[i], words, options.json, std::cout);
+  const int status = RunItem(s, frontend, args[i], words, options.json, std::cout);
+  if (status != kExitOk) return status;
+  return SaveFile(s, options);
 }
 
 }  // namespace

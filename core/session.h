@@ -88,6 +88,11 @@ class Session {
   std::vector<std::string> ListEntries;  // entry i at index i - 1
   std::int16_t EqnInsertPos = 1;
   bool EqnAddedFlag = false;
+  bool ListEditedFlag = false;
+  bool TopicsStaleFlag = true;
+  std::string FileName;  // the open algebra file; empty for an unnamed list
+  std::int16_t CurrentTopic = 0;
+  std::int16_t CurrentSubTopic = 0;
 
   // Shadow copies of the options a command may force.
   bool SavedExponentToReciprocal = true;

@@ -121,6 +121,26 @@ out=$(printf 'x+x\nexpand\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"
 
+# Algebra files.
+printf 'Topic:Linear\r\nComment:\r\nSubTop:One step\r\nComment:Undo one operation.\r\nEqn:x+3=7\r\nComment:Subtract 3.\r\n' > "$work/list.txt"
+check "a file's list, indented with its comments" 0 "Linear
+  One step
+      # Undo one operation.
+    x+3=7
+      # Subtract 3." "" --file "$work/list.txt" --list
+check "a known problem shows its comment" 0 "Consider  the equation  x + 3 = 7
+Subtract 3." "" --file "$work/list.txt" "x + 3=7"
+cp "$work/list.txt" "$work/saved.txt"
+check "a new problem is remembered and saved" 0 "Consider  the equation  x = 1" "" \
+  --file "$work/saved.txt" "x=1" --save
+contains "the saved file holds the new problem" "$(cat "$work/saved.txt")" "Eqn:x=1"
+check "a file that cannot be read is told" 2 "" "The file $work/none.txt could not be opened." \
+  --file "$work/none.txt" "x"
+check "save without a file is a usage mistake" 64 "" "tavimor-cli: --save needs --file PATH to save to.
+Try 'tavimor-cli --help'." "x" --save
+check "a file that cannot be written" 1 "Consider  the expression  x" "File not saved." \
+  "x" --save-as "$work/no/such/dir/x.txt"
+
 # Help.
 help=$("$cli" --help)
 contains "help explains the forms of use, options, commands and keys" "$help" "tree ITEM" \
