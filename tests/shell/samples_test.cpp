@@ -37,7 +37,7 @@ class Samples : public SessionTest {
 TEST_F(Samples, EveryProblemOfTheCourseLoads) {
   EXPECT_GE(LoadEvery("samples.txt"), 60);
   EXPECT_EQ(kinds, (std::set<std::string>{"number", "fraction", "sum of fractions", "expression",
-                                         "equation", "set of equations"}));
+                                          "equation", "set of equations"}));
 }
 
 TEST_F(Samples, TheCourseHasTopicsAndSubtopics) {
