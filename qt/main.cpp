@@ -8,6 +8,7 @@
 
 #include "qt/main_window.h"
 #include "qt/qt_frontend.h"
+#include "qt/qt_settings.h"
 #include "shell/command_words.h"
 #include "shell/main_flow.h"
 
@@ -39,10 +40,16 @@ int main(int argc, char** argv) {
     s.StreamingOutput = true;  // nobody is there to press the pacing button
     UpdateStatusPanel(s);
   }
-  MainWindow window(s);
+  // The screenshot run keeps no settings; the window keeps them per user.
+  QtSettingsStore store;
+  const std::string directory = QCoreApplication::applicationDirPath().toStdString();
+  MainWindow window(s, screenshot ? nullptr : &store, directory);
   frontend.SetWindow(&window);
   window.show();
-  if (!screenshot) return QApplication::exec();
+  if (!screenshot) {
+    window.ShowWelcomeIfWanted();
+    return QApplication::exec();
+  }
 
   window.EquationBox()->setEditText(QString::fromLocal8Bit(argv[3]));
   window.LoadTyped(false);

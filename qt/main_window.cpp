@@ -3,6 +3,8 @@
 #include "qt/main_window.h"
 
 #include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,6 +18,8 @@
 #include <QVBoxLayout>
 
 #include "qt/display_painter.h"
+#include "qt/options_dialog.h"
+#include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/main_flow.h"
 
@@ -90,7 +94,13 @@ void StatusPanel::mousePressEvent(QMouseEvent* event) {
   event->accept();
 }
 
-MainWindow::MainWindow(Session& s) : s_(s) {
+MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_directory)
+    : s_(s), store_(store), program_directory_(std::move(program_directory)) {
+  if (store_ != nullptr) {
+    LoadSettings(s_, *store_, program_directory_, recent_);
+    UpdateStatusPanel(s_);
+    OptionSnapshot(s_, "Set");
+  }
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
   layout->setContentsMargins(10, 8, 10, 4);
@@ -114,6 +124,10 @@ MainWindow::MainWindow(Session& s) : s_(s) {
   top->addWidget(equation_box_, 1);
   top->addWidget(ok_);
   top->addWidget(next_);
+  show_topics_ = new QPushButton(QStringLiteral("Topics"), central);
+  show_topics_->setToolTip(QStringLiteral("Back to the topics of the algebra file"));
+  top->addWidget(show_topics_);
+  connect(show_topics_, &QPushButton::clicked, this, &MainWindow::ShowTopics);
   layout->addLayout(top);
   connect(ok_, &CommandButton::Pressed, this, &MainWindow::LoadTyped);
   connect(next_, &CommandButton::Pressed, this, &MainWindow::LoadNext);
@@ -125,9 +139,20 @@ MainWindow::MainWindow(Session& s) : s_(s) {
   auto* middle = new QHBoxLayout;
   middle->setSpacing(10);
   middle->addWidget(BuildPanels());
-  work_space_ = new WorkSpaceView(central);
+  center_ = new QStackedWidget(central);
+  work_space_ = new WorkSpaceView(center_);
   work_space_->SetFontSize(s_.FontSize);
-  middle->addWidget(work_space_, 1);
+  topics_ = new TopicsPanel(s_, center_);
+  center_->addWidget(work_space_);
+  center_->addWidget(topics_);
+  middle->addWidget(center_, 1);
+  connect(topics_, &TopicsPanel::EquationsChosen, this, [this](int start) {
+    LoadEqns(s_, start);
+    center_->setCurrentWidget(work_space_);
+    equation_box_->clear();
+    SyncFromState();
+    equation_box_->setFocus();
+  });
   layout->addLayout(middle, 1);
   setCentralWidget(central);
 
@@ -192,6 +217,33 @@ QWidget* MainWindow::BuildPanels() {
 
 void MainWindow::BuildMenus() {
   QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+  file->addAction(QStringLiteral("&New"), QKeySequence::New, this, [this] { FileNew(); });
+  file->addAction(QStringLiteral("&Open..."), QKeySequence::Open, this, [this] {
+    if (!AskSaveChanges()) return;
+    const QString path = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Open"), QString(),
+        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), nullptr);
+    if (!path.isEmpty()) OpenFile(path);
+  });
+  save_ =
+      file->addAction(QStringLiteral("&Save"), QKeySequence::Save, this, [this] { FileSave(); });
+  file->addAction(QStringLiteral("Save &As..."), this, [this] {
+    const QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Save As"), QString(),
+        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), nullptr);
+    if (path.isEmpty()) {
+      QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+      return;
+    }
+    FileSaveAs(path);
+  });
+  connect(file, &QMenu::aboutToShow, this, [this] { save_->setEnabled(!s_.FileName.empty()); });
+  recent_separator_ = file->addSeparator();
+  for (int i = 0; i < 4; ++i) {
+    recent_actions_[static_cast<std::size_t>(i)] =
+        file->addAction(QString(), this, [this, i] { OpenRecent(i + 1); });
+  }
+  file->addSeparator();
   file->addAction(QStringLiteral("&Print workspace"), QKeySequence::Print, this,
                   &MainWindow::PrintWorkSpace);
   file->addAction(QStringLiteral("Export workspace as P&DF..."), this,
@@ -200,6 +252,8 @@ void MainWindow::BuildMenus() {
                   [this] { ExportWorkSpace(QStringLiteral("html")); });
   file->addSeparator();
   file->addAction(QStringLiteral("E&xit"), QKeySequence::Quit, this, &QWidget::close);
+  menuBar()->addAction(QStringLiteral("Algebra &Options"), this, &MainWindow::ShowOptions);
+  UpdateRecentMenu();
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
   help->addAction(QStringLiteral("Help on the last &step"), QKeySequence(Qt::Key_F1), this,
                   [this] { s_.Screen().ShowHelp(s_.HelpNumber); });
@@ -272,6 +326,7 @@ void MainWindow::SyncFromState() {
     button->setVisible(form.Visible(name));
   }
   next_->setVisible(form.Visible("cmdNextEquation"));
+  show_topics_->setVisible(topics_->TopicCount() > 0);
   for (int i = 0; i < 9; ++i) {
     status_[static_cast<std::size_t>(i)]->setText(
         QString::fromStdString(form.status_panels[static_cast<std::size_t>(i)]));
@@ -315,6 +370,172 @@ void MainWindow::ExportWorkSpace(const QString& kind) {
     QMessageBox::warning(this, QStringLiteral("Export workspace"),
                          QStringLiteral("The file %1 could not be written.").arg(path));
   }
+}
+
+}  // namespace tavimor
+
+namespace tavimor {
+
+namespace {
+
+constexpr const char* kCaptionVersion = "0.1";
+
+}  // namespace
+
+bool MainWindow::AskSaveChanges() {
+  if (!HasUnsavedChanges(s_)) return true;
+  const auto answer = QMessageBox::information(
+      this, QStringLiteral("Tavimor"), QString::fromStdString(AskSaveChangesText(s_)),
+      QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  if (answer == QMessageBox::Cancel) return false;
+  if (answer == QMessageBox::Yes) {
+    if (!s_.FileName.empty()) return FileSave();
+    const QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Save As"), QString(),
+        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), nullptr);
+    return !path.isEmpty() && FileSaveAs(path);
+  }
+  return true;
+}
+
+void MainWindow::SetFileCaption() {
+  const std::string name = s_.FileName.empty() ? "[Untitled]" : s_.FileName;
+  s_.Form.caption = std::string(" Tavimor ") + kCaptionVersion + " - " + name;
+  setWindowTitle(QString::fromStdString(s_.Form.caption));
+}
+
+void MainWindow::AfterFileLoaded() {
+  s_.ListEditedFlag = s_.EqnAddedFlag = false;
+  topics_->Reload();
+  if (topics_->TopicCount() > 0) {
+    s_.EqnInsertPos = static_cast<std::int16_t>(s_.ListEntries.size() + 1);
+    center_->setCurrentWidget(topics_);
+  } else {
+    s_.CurrentSubTopic = 0;
+    LoadEqns(s_, 1);
+    center_->setCurrentWidget(work_space_);
+    equation_box_->clear();
+  }
+  SetFileCaption();
+  SyncFromState();
+}
+
+bool MainWindow::FileNew() {
+  if (!AskSaveChanges()) return false;
+  ReadAlgebraFile(s_, "");
+  s_.FileName.clear();
+  s_.EqnInsertPos = 1;
+  AfterFileLoaded();
+  return true;
+}
+
+bool MainWindow::OpenFile(const QString& path) {
+  const ReadOutcome outcome = ReadAlgebraFile(s_, path.toStdString());
+  if (!outcome.ok) {
+    // The list is empty and has no name, so that Save can never overwrite the file with it.
+    QMessageBox::warning(this, QStringLiteral("Tavimor"), QString::fromStdString(outcome.problem));
+    s_.FileName.clear();
+    AfterFileLoaded();
+    return false;
+  }
+  s_.FileName = path.toStdString();
+  AddRecentFile(recent_, s_.FileName);
+  UpdateRecentMenu();
+  AfterFileLoaded();
+  return true;
+}
+
+bool MainWindow::FileSave() {
+  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+    return false;
+  }
+  s_.ListEditedFlag = s_.EqnAddedFlag = false;
+  return true;
+}
+
+bool MainWindow::FileSaveAs(const QString& path) {
+  if (!WriteAlgebraFile(s_, path.toStdString())) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+    return false;
+  }
+  s_.ListEditedFlag = s_.EqnAddedFlag = false;
+  s_.FileName = path.toStdString();
+  SetFileCaption();
+  AddRecentFile(recent_, s_.FileName);
+  UpdateRecentMenu();
+  return true;
+}
+
+bool MainWindow::OpenRecent(int index) {
+  if (!AskSaveChanges()) return false;
+  const std::string& name = recent_[static_cast<std::size_t>(index - 1)];
+  if (!QFile::exists(QString::fromStdString(name))) {
+    QMessageBox::warning(this, QStringLiteral("Tavimor"), QStringLiteral("File no longer exists."));
+    return false;
+  }
+  return OpenFile(QString::fromStdString(name));
+}
+
+void MainWindow::UpdateRecentMenu() {
+  for (int i = 0; i < 4; ++i) {
+    QAction* action = recent_actions_[static_cast<std::size_t>(i)];
+    if (action == nullptr) return;
+    const std::string& name = recent_[static_cast<std::size_t>(i)];
+    action->setText(QStringLiteral("&%1 %2").arg(i + 1).arg(QString::fromStdString(name)));
+    action->setVisible(!name.empty());
+  }
+  if (recent_separator_ != nullptr) recent_separator_->setVisible(!recent_[0].empty());
+  if (store_ != nullptr) SaveSettings(s_, *store_, recent_);
+}
+
+void MainWindow::ShowOptions() {
+  OptionsDialog dialog(s_, this);
+  if (dialog.exec() == QDialog::Accepted) {
+    work_space_->SetFontSize(s_.FontSize);
+    SyncFromState();
+  }
+}
+
+bool MainWindow::TopicsShown() const { return center_->currentWidget() == topics_; }
+
+void MainWindow::ShowTopics() {
+  if (topics_->TopicCount() > 0) center_->setCurrentWidget(topics_);
+}
+
+void MainWindow::ShowWelcomeIfWanted() {
+  if (!s_.ShowWelcomeScreen) return;
+  QDialog welcome(this);
+  welcome.setWindowTitle(QStringLiteral("The Tavimor"));
+  auto* layout = new QVBoxLayout(&welcome);
+  auto* picture = new QLabel(&welcome);
+  const QPixmap image(QString::fromStdString(program_directory_ + "/splashscreen.jpg"));
+  if (!image.isNull()) picture->setPixmap(image.scaledToWidth(560, Qt::SmoothTransformation));
+  auto* words = new QLabel(QStringLiteral("welcome to<br><b><big>The Tavimor</big></b>"), &welcome);
+  words->setAlignment(Qt::AlignCenter);
+  auto* button =
+      new QPushButton(QStringLiteral("Got it.  Don't show this screen again."), &welcome);
+  layout->addWidget(words);
+  layout->addWidget(picture);
+  layout->addWidget(button);
+  connect(button, &QPushButton::clicked, &welcome, [this, &welcome] {
+    s_.ShowWelcomeScreen = false;
+    welcome.accept();
+  });
+  welcome.exec();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!AskSaveChanges()) {
+    event->ignore();
+    return;
+  }
+  // Twips of the form's size, and its state: 0 normal, 1 minimised, 2 maximised.
+  s_.FormWindowState = static_cast<std::int16_t>(isMinimized() ? 1 : (isMaximized() ? 2 : 0));
+  s_.FormWidth = static_cast<float>(width() * 15);
+  s_.FormHeight = static_cast<float>(height() * 15);
+  if (store_ != nullptr) SaveSettings(s_, *store_, recent_);
+  event->accept();
 }
 
 }  // namespace tavimor

@@ -9,8 +9,12 @@
 #include <QStackedWidget>
 #include <map>
 
+#include <array>
+
 #include "core/session.h"
+#include "qt/topics_panel.h"
 #include "qt/work_space_view.h"
+#include "shell/settings.h"
 
 namespace tavimor {
 
@@ -47,7 +51,8 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit MainWindow(Session& s);
+  // `store` keeps the options and recent files; `program_directory` holds the sample files.
+  MainWindow(Session& s, SettingsStore* store = nullptr, std::string program_directory = ".");
 
   WorkSpaceView* WorkSpace() const { return work_space_; }
   QComboBox* EquationBox() const { return equation_box_; }
@@ -70,9 +75,29 @@ class MainWindow : public QMainWindow {
   void PrintWorkSpace();
   void ExportWorkSpace(const QString& kind);
 
+  // The File menu. Each asks about unsaved changes first; false when the student cancels.
+  bool FileNew();
+  bool OpenFile(const QString& path);  // Open with the file chosen
+  bool FileSave();
+  bool FileSaveAs(const QString& path);
+  bool OpenRecent(int index);  // 1 to 4
+  bool AskSaveChanges();
+  const std::array<std::string, 4>& RecentFiles() const { return recent_; }
+  void ShowOptions();
+  TopicsPanel* Topics() const { return topics_; }
+  bool TopicsShown() const;
+  void ShowTopics();
+  void ShowWelcomeIfWanted();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
  private:
   QWidget* BuildPanels();
   void BuildMenus();
+  void AfterFileLoaded();
+  void UpdateRecentMenu();
+  void SetFileCaption();
 
   Session& s_;
   QComboBox* equation_box_ = nullptr;
@@ -84,6 +109,15 @@ class MainWindow : public QMainWindow {
   WorkSpaceView* work_space_ = nullptr;
   QLabel* diagnostics_ = nullptr;
   std::vector<StatusPanel*> status_;
+  QStackedWidget* center_ = nullptr;
+  TopicsPanel* topics_ = nullptr;
+  QPushButton* show_topics_ = nullptr;
+  QAction* save_ = nullptr;
+  std::array<QAction*, 4> recent_actions_{};
+  QAction* recent_separator_ = nullptr;
+  SettingsStore* store_;
+  std::string program_directory_;
+  std::array<std::string, 4> recent_{};
 };
 
 }  // namespace tavimor

@@ -1,0 +1,81 @@
+// The topics of the open algebra file: topics in columns of twelve, the hovered topic's
+// subtopics beside them; a click loads the problems of a heading into the equation box.
+#include "qt/topics_panel.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace tavimor {
+
+namespace {
+
+QListWidget* HeadingList(QWidget* parent, int rows) {
+  auto* list = new QListWidget(parent);
+  list->setViewMode(QListView::ListMode);
+  list->setFlow(QListView::TopToBottom);
+  list->setWrapping(true);  // a new column after the rows of one
+  list->setResizeMode(QListView::Adjust);
+  list->setMouseTracking(true);
+  list->setUniformItemSizes(true);
+  list->setGridSize(QSize(rows == 12 ? 300 : 250, 32));
+  list->setStyleSheet(QStringLiteral(
+      "QListWidget::item:hover { background: #C0C0FF; } QListWidget::item:selected { background: "
+      "#C0C0FF; color: black; }"));
+  return list;
+}
+
+}  // namespace
+
+TopicsPanel::TopicsPanel(Session& s, QWidget* parent) : QWidget(parent), s_(s) {
+  auto* layout = new QVBoxLayout(this);
+  auto* heading = new QLabel(QStringLiteral("Choose a topic, then a subtopic:"), this);
+  QFont bold = heading->font();
+  bold.setBold(true);
+  heading->setFont(bold);
+  layout->addWidget(heading);
+  auto* lists = new QHBoxLayout;
+  topic_list_ = HeadingList(this, 12);
+  subtopic_list_ = HeadingList(this, 8);
+  lists->addWidget(topic_list_, 3);
+  lists->addWidget(subtopic_list_, 2);
+  layout->addLayout(lists, 1);
+  connect(topic_list_, &QListWidget::itemEntered, this,
+          [this](QListWidgetItem* item) { HoverTopic(topic_list_->row(item)); });
+  connect(topic_list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    const int row = topic_list_->row(item);
+    HoverTopic(row);
+    // A topic with subtopics does nothing on click: its subtopics take the click.
+    if (subtopics_.empty()) {
+      s_.CurrentSubTopic = 0;
+      emit EquationsChosen(topics_[static_cast<std::size_t>(row)].position + 1);
+    }
+  });
+  connect(subtopic_list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    const int row = subtopic_list_->row(item);
+    s_.CurrentSubTopic = static_cast<std::int16_t>(row + 1);
+    emit EquationsChosen(subtopics_[static_cast<std::size_t>(row)].position + 1);
+  });
+}
+
+void TopicsPanel::Reload() {
+  topics_ = LoadTopics(s_);
+  subtopics_.clear();
+  topic_list_->clear();
+  subtopic_list_->clear();
+  for (const Heading& topic : topics_) topic_list_->addItem(QString::fromStdString(topic.caption));
+  s_.CurrentTopic = 0;
+  s_.CurrentSubTopic = 0;
+}
+
+void TopicsPanel::HoverTopic(int row) {
+  if (row < 0 || row + 1 == s_.CurrentTopic) return;
+  s_.CurrentTopic = static_cast<std::int16_t>(row + 1);
+  topic_list_->setCurrentRow(row);
+  subtopics_ = LoadSubTopics(s_, topics_, row + 1);
+  subtopic_list_->clear();
+  for (const Heading& sub : subtopics_)
+    subtopic_list_->addItem(QString::fromStdString(sub.caption));
+}
+
+}  // namespace tavimor
