@@ -19,6 +19,9 @@ QListWidget* HeadingList(QWidget* parent, int rows) {
   list->setMouseTracking(true);
   list->setUniformItemSizes(true);
   list->setGridSize(QSize(rows == 12 ? 300 : 250, 32));
+  // Exactly `rows` headings a column: the thirteenth topic and the ninth subtopic begin the next.
+  list->setFixedHeight(rows * 32 + 2 * list->frameWidth() + 16);
+  list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list->setStyleSheet(QStringLiteral(
       "QListWidget::item:hover { background: #C0C0FF; } QListWidget::item:selected { background: "
       "#C0C0FF; color: black; }"));
@@ -39,7 +42,8 @@ TopicsPanel::TopicsPanel(Session& s, QWidget* parent) : QWidget(parent), s_(s) {
   subtopic_list_ = HeadingList(this, 8);
   lists->addWidget(topic_list_, 3);
   lists->addWidget(subtopic_list_, 2);
-  layout->addLayout(lists, 1);
+  layout->addLayout(lists);
+  layout->addStretch(1);
   connect(topic_list_, &QListWidget::itemEntered, this,
           [this](QListWidgetItem* item) { HoverTopic(topic_list_->row(item)); });
   connect(topic_list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {

@@ -146,6 +146,26 @@ class FilesAndOptionsTest : public QObject {
     QCOMPARE(window_->EquationBox()->currentText(), QStringLiteral("x+3=7"));
   }
 
+  void TopicsStandInColumnsOfTwelveAndSubtopicsOfEight() {
+    QTemporaryDir dir;
+    QByteArray bytes;
+    for (int i = 1; i <= 14; ++i) bytes += "Topic:T" + QByteArray::number(i) + "\r\nComment:\r\n";
+    for (int i = 1; i <= 10; ++i) bytes += "SubTop:S" + QByteArray::number(i) + "\r\nComment:\r\n";
+    QVERIFY(window_->OpenFile(Write(dir, QStringLiteral("many.txt"), bytes)));
+    QApplication::processEvents();
+    QListWidget* topics = window_->Topics()->Topics();
+    const QRect first = topics->visualItemRect(topics->item(0));
+    QCOMPARE(topics->visualItemRect(topics->item(11)).x(), first.x());
+    QVERIFY(topics->visualItemRect(topics->item(12)).x() >= first.x() + 300);
+    emit topics->itemEntered(topics->item(13));
+    QApplication::processEvents();
+    QListWidget* subtopics = window_->Topics()->SubTopics();
+    QCOMPARE(subtopics->count(), 10);
+    const QRect sub = subtopics->visualItemRect(subtopics->item(0));
+    QCOMPARE(subtopics->visualItemRect(subtopics->item(7)).x(), sub.x());
+    QVERIFY(subtopics->visualItemRect(subtopics->item(8)).x() >= sub.x() + 250);
+  }
+
   void AFileThatCannotBeReadIsToldAndLeavesNoName() {
     QTemporaryDir dir;
     const QString path = Write(dir, QStringLiteral("bad.txt"), "Hello\r\n");
