@@ -38,6 +38,8 @@ int main(int argc, char** argv) {
   StartUp(s, written.contains(QLatin1Char(',')) ? "," : ".");
   if (screenshot) {
     s.StreamingOutput = true;  // nobody is there to press the pacing button
+    s.FormWidth = 1100 * 15;   // a fixed size for pictures of the window
+    s.FormHeight = 760 * 15;
     UpdateStatusPanel(s);
   }
   // The screenshot run keeps no settings; the window keeps them per user.

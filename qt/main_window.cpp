@@ -106,7 +106,10 @@ MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_dir
   layout->setContentsMargins(10, 8, 10, 4);
   layout->setSpacing(8);
 
-  // The equation box with OK and Next.
+  // The heading of the chosen topic and subtopic, then the equation box with OK and Next.
+  heading_ = new QLabel(central);
+  heading_->setVisible(false);
+  layout->addWidget(heading_);
   auto* top = new QHBoxLayout;
   auto* prompt = new QLabel(QStringLiteral("Problem:"), central);
   equation_box_ = new QComboBox(central);
@@ -148,6 +151,16 @@ MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_dir
   middle->addWidget(center_, 1);
   connect(topics_, &TopicsPanel::EquationsChosen, this, [this](int start) {
     LoadEqns(s_, start);
+    // SetupEqnHeading: the captions of the chosen topic and subtopic.
+    QString heading;
+    const auto caption = [](QListWidget* list, int number) {
+      return number > 0 && number <= list->count() ? list->item(number - 1)->text() : QString();
+    };
+    heading = caption(topics_->Topics(), s_.CurrentTopic);
+    const QString sub = caption(topics_->SubTopics(), s_.CurrentSubTopic);
+    if (!sub.isEmpty()) heading += QStringLiteral("  \u2013  ") + sub;
+    heading_->setText(QStringLiteral("<b>%1</b>").arg(heading.toHtmlEscaped()));
+    heading_->setVisible(!heading.isEmpty());
     center_->setCurrentWidget(work_space_);
     equation_box_->clear();
     SyncFromState();
@@ -168,7 +181,10 @@ MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_dir
   }
   BuildMenus();
   setMinimumSize(760, 480);
-  resize(1100, 760);
+  // The form's size is kept in twips, fifteen to a pixel.
+  resize(std::max(760, static_cast<int>(s_.FormWidth / 15)),
+         std::max(480, static_cast<int>(s_.FormHeight / 15)));
+  if (s_.FormWindowState == 2) setWindowState(Qt::WindowMaximized);
   SyncFromState();
 }
 
@@ -220,17 +236,19 @@ void MainWindow::BuildMenus() {
   file->addAction(QStringLiteral("&New"), QKeySequence::New, this, [this] { FileNew(); });
   file->addAction(QStringLiteral("&Open..."), QKeySequence::Open, this, [this] {
     if (!AskSaveChanges()) return;
+    QString algebra_files = QStringLiteral("Algebra Files (*.txt)");  // the dialog opens on these
     const QString path = QFileDialog::getOpenFileName(
         this, QStringLiteral("Open"), QString(),
-        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), nullptr);
+        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), &algebra_files);
     if (!path.isEmpty()) OpenFile(path);
   });
   save_ =
       file->addAction(QStringLiteral("&Save"), QKeySequence::Save, this, [this] { FileSave(); });
   file->addAction(QStringLiteral("Save &As..."), this, [this] {
+    QString algebra_files = QStringLiteral("Algebra Files (*.txt)");
     const QString path = QFileDialog::getSaveFileName(
         this, QStringLiteral("Save As"), QString(),
-        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), nullptr);
+        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), &algebra_files);
     if (path.isEmpty()) {
       QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
       return;
@@ -535,6 +553,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   s_.FormWidth = static_cast<float>(width() * 15);
   s_.FormHeight = static_cast<float>(height() * 15);
   if (store_ != nullptr) SaveSettings(s_, *store_, recent_);
+  work_space_->Clear();
   event->accept();
 }
 

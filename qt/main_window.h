@@ -61,6 +61,7 @@ class MainWindow : public QMainWindow {
   CommandButton* Button(const std::string& name) const;
   StatusPanel* Status(int panel) const;  // 1 to 9
   QLabel* Diagnostics() const { return diagnostics_; }
+  QLabel* EquationHeading() const { return heading_; }
   // The caption of the visible button panel, empty before the first item.
   QString VisiblePanelCaption() const;
 
@@ -112,6 +113,7 @@ class MainWindow : public QMainWindow {
   QStackedWidget* center_ = nullptr;
   TopicsPanel* topics_ = nullptr;
   QPushButton* show_topics_ = nullptr;
+  QLabel* heading_ = nullptr;  // the chosen topic and subtopic, above the equation box
   QAction* save_ = nullptr;
   std::array<QAction*, 4> recent_actions_{};
   QAction* recent_separator_ = nullptr;

@@ -142,6 +142,8 @@ class FilesAndOptionsTest : public QObject {
     QListWidget* subtopics = window_->Topics()->SubTopics();
     emit subtopics->itemClicked(subtopics->item(0));
     QVERIFY(!window_->TopicsShown());
+    QVERIFY(window_->EquationHeading()->text().contains(QStringLiteral("Linear")));
+    QVERIFY(window_->EquationHeading()->text().contains(QStringLiteral("One step")));
     QCOMPARE(window_->EquationBox()->count(), 2);
     QCOMPARE(window_->EquationBox()->currentText(), QStringLiteral("x+3=7"));
   }
@@ -207,6 +209,38 @@ class FilesAndOptionsTest : public QObject {
     });
     QVERIFY(!window_->OpenRecent(1));
     QCOMPARE(told, QStringLiteral("File no longer exists."));
+  }
+
+  void NewProblemThenExitAsksToSaveTheNamedFile() {
+    QTemporaryDir dir;
+    QVERIFY(window_->OpenFile(Write(dir, QStringLiteral("named.txt"), "Eqn:x=1\r\nComment:\r\n")));
+    window_->EquationBox()->setEditText(QStringLiteral("x=3"));
+    window_->LoadTyped(false);
+    QString asked;
+    WhenModal([&asked](QWidget* modal) {
+      auto* box = qobject_cast<QMessageBox*>(modal);
+      asked = box->text();
+      box->button(QMessageBox::Cancel)->click();
+    });
+    QVERIFY(!window_->close());  // cancel keeps the program running
+    QCOMPARE(asked, QStringLiteral("The algebra file has changed.  Save the changes?"));
+    WhenModal([](QWidget* modal) {
+      qobject_cast<QMessageBox*>(modal)->button(QMessageBox::No)->click();
+    });
+    QVERIFY(window_->close());
+    QCOMPARE(store_.Get("Parameters", "Unknown").value_or(""), std::string("x"));  // settings saved
+  }
+
+  void WelcomeScreenButtonClearsTheFlag() {
+    QVERIFY(session_->ShowWelcomeScreen);
+    WhenModal([](QWidget* modal) {
+      for (QPushButton* button : modal->findChildren<QPushButton*>()) {
+        if (button->text() == QStringLiteral("Got it.  Don't show this screen again."))
+          button->click();
+      }
+    });
+    window_->ShowWelcomeIfWanted();
+    QVERIFY(!session_->ShowWelcomeScreen);
   }
 
   void NewProblemThenNewFileAsksToSave() {
