@@ -58,6 +58,14 @@ const std::map<std::string, QString> kCaptions = {
     {"cmdSubstitute", "Substitute"},
 };
 
+// The save dialog, opening on algebra files.
+QString ChooseSaveAsPath(QWidget* parent) {
+  QString algebra_files = QStringLiteral("Algebra Files (*.txt)");
+  return QFileDialog::getSaveFileName(parent, QStringLiteral("Save As"), QString(),
+                                      QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"),
+                                      &algebra_files);
+}
+
 QString Tooltip(const std::string& button) {
   QString tip = QString::fromStdString(ButtonTooltip(button));
   if (!ButtonIsBuilt(button)) {
@@ -245,10 +253,7 @@ void MainWindow::BuildMenus() {
   save_ =
       file->addAction(QStringLiteral("&Save"), QKeySequence::Save, this, [this] { FileSave(); });
   file->addAction(QStringLiteral("Save &As..."), this, [this] {
-    QString algebra_files = QStringLiteral("Algebra Files (*.txt)");
-    const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Save As"), QString(),
-        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), &algebra_files);
+    const QString path = ChooseSaveAsPath(this);
     if (path.isEmpty()) {
       QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
       return;
@@ -408,9 +413,7 @@ bool MainWindow::AskSaveChanges() {
   if (answer == QMessageBox::Cancel) return false;
   if (answer == QMessageBox::Yes) {
     if (!s_.FileName.empty()) return FileSave();
-    const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Save As"), QString(),
-        QStringLiteral("All Files (*.*);;Algebra Files (*.txt)"), nullptr);
+    const QString path = ChooseSaveAsPath(this);
     return !path.isEmpty() && FileSaveAs(path);
   }
   return true;

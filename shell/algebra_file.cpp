@@ -6,6 +6,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "present/text_picture.h"
+
 namespace tavimor {
 
 namespace {
@@ -25,19 +27,6 @@ constexpr std::array<char32_t, 32> kHigh = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-void AppendUtf8(std::string& out, char32_t c) {
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  }
-}
-
 bool Contains(const std::string& entry, const char* key) {
   return entry.find(key) != std::string::npos;
 }
@@ -45,40 +34,17 @@ bool Contains(const std::string& entry, const char* key) {
 }  // namespace
 
 std::string Utf8FromWindows1252(const std::string& bytes) {
-  std::string out;
+  std::u32string text;
   for (const char b : bytes) {
     const auto c = static_cast<unsigned char>(b);
-    if (c < 0x80) {
-      out += b;
-    } else if (c < 0xA0) {
-      AppendUtf8(out, kHigh[c - 0x80]);
-    } else {
-      AppendUtf8(out, c);
-    }
+    text += (c >= 0x80 && c < 0xA0) ? kHigh[c - 0x80] : static_cast<char32_t>(c);
   }
-  return out;
+  return Utf8(text);
 }
 
 std::string Windows1252FromUtf8(const std::string& text) {
   std::string out;
-  for (std::size_t i = 0; i < text.size();) {
-    const auto lead = static_cast<unsigned char>(text[i]);
-    char32_t c = lead;
-    int extra = 0;
-    if (lead >= 0xF0) {
-      c = lead & 0x07;
-      extra = 3;
-    } else if (lead >= 0xE0) {
-      c = lead & 0x0F;
-      extra = 2;
-    } else if (lead >= 0xC0) {
-      c = lead & 0x1F;
-      extra = 1;
-    }
-    ++i;
-    for (int k = 0; k < extra && i < text.size(); ++k, ++i) {
-      c = (c << 6) | (static_cast<unsigned char>(text[i]) & 0x3F);
-    }
+  for (const char32_t c : Utf32(text)) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
       out += static_cast<char>(c);
       continue;
