@@ -5,8 +5,13 @@ namespace tavimor {
 
 void NodePool::Init() {
   for (int i = 1; i <= kPoolSize; ++i) {
+    // Every field as in a fresh node, reset in place so the texts keep their storage.
     ExprNode& r = records_[static_cast<std::size_t>(i)];
-    r = ExprNode{};
+    r.Parent = r.FirstChild = kNoNode;
+    r.Kind = r.Role = ' ';
+    r.Text.clear();
+    r.Value = std::int32_t{0};
+    r.X = r.Y = r.Width = r.Height = r.Base = r.Scratch1 = r.Scratch2 = 0.0f;
     r.Prev = static_cast<NodeIdx>(i - 1);
     r.Next = static_cast<NodeIdx>(i == kPoolSize ? 0 : i + 1);
   }

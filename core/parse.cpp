@@ -1,7 +1,7 @@
 // The parser: the text of a node becomes its subtree, one level at a time.
 #include "core/parse.h"
 
-#include <array>
+#include <vector>
 
 #include "core/brackets.h"
 #include "core/node_pool.h"
@@ -12,30 +12,28 @@ namespace tavimor {
 
 namespace {
 
-// Terms or factors of one level, each with its role as the first character.
+// Terms or factors of one level, each with its role as the first character. At most 50: the
+// next raises the run-time error.
 class Entries {
  public:
   void Add(std::string entry) {
-    if (count_ >= kParseEntryLimit) {
+    if (static_cast<int>(items_.size()) >= kParseEntryLimit) {
       throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");
     }
-    items_[static_cast<std::size_t>(count_++)] = std::move(entry);
+    items_.push_back(std::move(entry));
   }
   std::string& operator[](int i) { return items_[static_cast<std::size_t>(i - 1)]; }  // 1-based
-  int Count() const { return count_; }
+  int Count() const { return static_cast<int>(items_.size()); }
   void InsertAt(int i, std::string entry) {  // moves entries i.. up by one
-    Add("");
-    for (int j = count_; j > i; --j) (*this)[j] = std::move((*this)[j - 1]);
-    (*this)[i] = std::move(entry);
+    if (static_cast<int>(items_.size()) >= kParseEntryLimit) {
+      throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+    }
+    items_.insert(items_.begin() + (i - 1), std::move(entry));
   }
-  void RemoveAt(int i) {  // moves entries behind i down by one
-    for (int j = i; j < count_; ++j) (*this)[j] = std::move((*this)[j + 1]);
-    items_[static_cast<std::size_t>(--count_)].clear();
-  }
+  void RemoveAt(int i) { items_.erase(items_.begin() + (i - 1)); }  // moves entries behind down
 
  private:
-  std::array<std::string, kParseEntryLimit> items_{};
-  int count_ = 0;
+  std::vector<std::string> items_;
 };
 
 char At(std::string_view text, int p) {
