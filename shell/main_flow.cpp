@@ -190,6 +190,7 @@ bool cmdLoadEquation(Session& s, const std::string& typed, bool right_button) {
   if (text.empty()) return false;
   try {
     if (ValidateInput(s, text) != 0) return false;
+    if (text.empty()) return false;  // a box of blanks is an empty box
     LoadEquation(s, text);
     AddToEquationList(s, text);
     s.Message.clear();

@@ -34,6 +34,13 @@ TEST_F(MainFlow, OkWithAnEmptyBoxDoesNothing) {
   EXPECT_EQ(s.Form.visible_panel, -1);
 }
 
+TEST_F(MainFlow, OkWithOnlyBlanksDoesNothing) {
+  EXPECT_FALSE(Load("    "));
+  EXPECT_TRUE(frontend.work_space.empty());
+  EXPECT_TRUE(frontend.messages.empty());
+  EXPECT_EQ(s.Form.visible_panel, -1);
+}
+
 TEST_F(MainFlow, RefusedItemShowsItsMessageAndChangesNothing) {
   Load("2x+3=7");
   const std::string before = Transcript();
