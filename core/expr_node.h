@@ -38,6 +38,13 @@ inline constexpr char kRoleDenominator = 'D';
 inline constexpr char kRoleExponent = 'E';
 inline constexpr char kRoleBase = 'B';
 
+// A term of a sum: added, subtracted, or first with a typed plus.
+inline bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
+// A factor of a product: numerator or denominator.
+inline bool IsProductRole(char role) { return role == 'N' || role == 'D'; }
+inline bool IsAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+inline bool IsAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
 // The value evaluation leaves on a node: nothing, an integer, a real, or a complex value as text.
 using NodeValue = std::variant<std::monostate, std::int32_t, double, std::string>;
 

@@ -39,8 +39,7 @@ bool IsIntegerOrHiddenInteger(const Session& s, NodeIdx n) {
          s.Pool[node.FirstChild].Next == kNoNode && IsIntegerNode(s, node.FirstChild);
 }
 
-bool IsImagUnit(const Session& s, const std::string& text, const std::string& unit) {
-  (void)s;
+bool IsImagUnit(const std::string& text, const std::string& unit) {
   return text == "sqrt(-1)" || text == unit;
 }
 
@@ -96,8 +95,7 @@ std::int16_t FractionKind(const Session& s, NodeIdx n) {
   if (IsSimpleFraction(s, n) && node.Kind != kKindFunction) return 1;
   const NodeIdx first = node.FirstChild;
   if (node.Kind == kKindFunction || first == kNoNode) return 0;
-  const char role = s.Pool[first].Role;
-  if (role != kRolePlus && role != kRoleMinus && role != kRoleLeadingPlus) return 0;
+  if (!IsSumRole(s.Pool[first].Role)) return 0;
   const NodeIdx second = s.Pool[first].Next;
   if (second == kNoNode || s.Pool[second].Next != kNoNode) return 0;
   for (const NodeIdx term : {first, second}) {
@@ -123,8 +121,7 @@ bool IsIntegerPowerOfSum(const Session& s, NodeIdx n, std::string& power, int& t
   if (s.Pool[base].Kind != kKindBracket) return false;
   const NodeIdx first = s.Pool[base].FirstChild;
   if (first == kNoNode || s.Pool[first].Next == kNoNode) return false;
-  const char role = s.Pool[first].Role;
-  if (role != kRolePlus && role != kRoleMinus && role != kRoleLeadingPlus) return false;
+  if (!IsSumRole(s.Pool[first].Role)) return false;
   power = s.Pool[exponent].Text;
   term_count = CountChildren(s, base, false);
   return true;
@@ -153,10 +150,10 @@ bool ContainsImagUnit(Session& s, std::string_view text) {
 
 std::int16_t CountImagUnits(const Session& s, NodeIdx n) {
   const std::string unit = ImagUnitText(s);
-  if (IsImagUnit(s, s.Pool[n].Text, unit)) return 1;
+  if (IsImagUnit(s.Pool[n].Text, unit)) return 1;
   int count = 0;
   PostOrder(s, n, [&](NodeIdx node) {
-    if (node != n && IsImagUnit(s, s.Pool[node].Text, unit)) ++count;
+    if (node != n && IsImagUnit(s.Pool[node].Text, unit)) ++count;
   });
   return static_cast<std::int16_t>(count);
 }
@@ -164,13 +161,13 @@ std::int16_t CountImagUnits(const Session& s, NodeIdx n) {
 std::int16_t CollectImagUnits(Session& s, NodeIdx n) {
   const std::string unit = ImagUnitText(s);
   s.ImagNodes.clear();
-  if (IsImagUnit(s, s.Pool[n].Text, unit)) {
+  if (IsImagUnit(s.Pool[n].Text, unit)) {
     s.ImagNodes.push_back(n);
     return 1;
   }
   int count = 0;
   PostOrder(s, n, [&](NodeIdx node) {
-    if (node != n && IsImagUnit(s, s.Pool[node].Text, unit)) {
+    if (node != n && IsImagUnit(s.Pool[node].Text, unit)) {
       ++count;
       if (static_cast<int>(s.ImagNodes.size()) < kImagNodesLimit) s.ImagNodes.push_back(node);
     }

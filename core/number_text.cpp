@@ -11,8 +11,6 @@ namespace tavimor {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // The character at a 1-based position, with an "x" behind the end so a scan never runs off.
 char CharAt(std::string_view text, int position) {
   if (position >= 1 && position <= static_cast<int>(text.size())) {
@@ -66,7 +64,7 @@ int NumberEnd(const Session& s, std::string_view text, int position) {
   int digits = 0;
   if (c == dp) {
     point = true;
-  } else if (IsDigit(c)) {
+  } else if (IsAsciiDigit(c)) {
     ++digits;
   } else {
     return 0;
@@ -80,10 +78,10 @@ int NumberEnd(const Session& s, std::string_view text, int position) {
       if (digits == 0) return 0;
       int q = p + 1;
       if (CharAt(text, q) == '+' || CharAt(text, q) == '-') ++q;
-      if (!IsDigit(CharAt(text, q))) return p - 1;  // the "E" is not part of the number
-      while (IsDigit(CharAt(text, q + 1))) ++q;
+      if (!IsAsciiDigit(CharAt(text, q))) return p - 1;  // the "E" is not part of the number
+      while (IsAsciiDigit(CharAt(text, q + 1))) ++q;
       return q;
-    } else if (IsDigit(c)) {
+    } else if (IsAsciiDigit(c)) {
       ++digits;
     } else {
       break;
@@ -195,7 +193,7 @@ std::string PadSigFigs(const Session& s, int figures, std::string_view text) {
   bool started = false;
   for (const char c : t) {
     if (!started && c >= '1' && c <= '9') started = true;
-    if (started && IsDigit(c)) ++count;
+    if (started && IsAsciiDigit(c)) ++count;
   }
   if (count < figures) {
     if (t.find(s.Dp()) == std::string::npos) t += s.DecimalPoint;

@@ -178,8 +178,6 @@ void ParsePower(Session& s, NodeIdx n, bool in_container, const std::string& t) 
   s.Pool[b].Text = base;
 }
 
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
 }  // namespace
 
 void ParseTree(Session& s, NodeIdx n) {
@@ -238,7 +236,7 @@ void ParseOne(Session& s, NodeIdx n) {
       return;
     }
     if (t.size() == 1) {
-      if (IsLetter(t[0])) Attach(s, n, in_container, kKindVariable, t);
+      if (IsAsciiLetter(t[0])) Attach(s, n, in_container, kKindVariable, t);
       return;
     }
     const int function_end = FunctionEnd(s, t, 1);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/node_pool.h"
+#include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/temp_tree.h"
 
@@ -12,10 +13,6 @@ namespace tavimor {
 namespace {
 
 using Depth = TempTree::Depth;
-
-bool IsSumRole(char role) {
-  return role == kRolePlus || role == kRoleMinus || role == kRoleLeadingPlus;
-}
 
 bool IsSumNode(const Session& s, NodeIdx n) {
   const ExprNode& node = s.Pool[n];
@@ -182,36 +179,16 @@ int CountTerms(Session& s, std::string_view text) {
 
 int CountOccurrences(Session& s, std::string_view text, std::string_view name) {
   const TempTree t(s, std::string(text), Depth::Whole);
-  int count = 0;
-  // Every node of the tree, the root included.
-  std::vector<NodeIdx> pending{t.Root()};
-  while (!pending.empty()) {
-    const NodeIdx n = pending.back();
-    pending.pop_back();
-    if (t[n].Text == name) ++count;
-    for (NodeIdx c = t[n].FirstChild; c != kNoNode; c = t[c].Next) pending.push_back(c);
-  }
-  return count;
+  return static_cast<int>(FindOccurrences(s, name, t.Root()).size());
 }
 
 int WrapDepth(Session& s, std::string_view text, std::string_view name) {
   if (text == name) return 0;
   const TempTree t(s, std::string(text), Depth::Whole);
-  NodeIdx found = kNoNode;
-  int occurrences = 0;
-  std::vector<NodeIdx> pending{t.Root()};
-  while (!pending.empty()) {
-    const NodeIdx n = pending.back();
-    pending.pop_back();
-    if (t[n].Text == name) {
-      ++occurrences;
-      found = n;
-    }
-    for (NodeIdx c = t[n].FirstChild; c != kNoNode; c = t[c].Next) pending.push_back(c);
-  }
-  if (occurrences != 1) return -1;
+  const std::vector<NodeIdx> found = FindOccurrences(s, name, t.Root());
+  if (found.size() != 1) return -1;
   int count = 0;
-  for (NodeIdx n = found;;) {
+  for (NodeIdx n = found.front();;) {
     const ExprNode& node = t[n];
     const char role = node.Role;
     if (role == kRoleDenominator || role == kRoleMinus || role == kRoleBase ||
@@ -225,7 +202,7 @@ int WrapDepth(Session& s, std::string_view text, std::string_view name) {
     }
     const NodeIdx parent = ParentOf(s, n);
     if (parent == kNoNode) break;
-    if (role == kRoleNumerator || role == kRoleDenominator || IsSumRole(role)) {
+    if (IsProductRole(role) || IsSumRole(role)) {
       count += CountChildren(s, parent, false) - 1;
     }
     const NodeIdx first = t[parent].FirstChild;

@@ -18,9 +18,6 @@ bool OneOf(char c, std::string_view set) {
   return c != '\0' && set.find(c) != std::string_view::npos;
 }
 
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 // The whole character that starts at `at`, so that a refused non-ASCII sign shows whole.
 std::string CharacterAt(const std::string& text, std::size_t at) {
   const auto lead = static_cast<unsigned char>(text[at]);
@@ -78,12 +75,12 @@ std::string ItemMessage(const Session& s, const std::string& item, const std::st
   }
   const char dp = s.Dp();
   for (int p = 1; p <= n;) {
-    if (!IsDigit(at(p)) && at(p) != dp) {
+    if (!IsAsciiDigit(at(p)) && at(p) != dp) {
       ++p;
       continue;
     }
     std::string run;
-    while (p <= n && (IsDigit(at(p)) || at(p) == dp)) run += at(p++);
+    while (p <= n && (IsAsciiDigit(at(p)) || at(p) == dp)) run += at(p++);
     if (std::count(run.begin(), run.end(), dp) > 1) return head + "A number is given as  " + run;
   }
   return "";
@@ -101,7 +98,7 @@ std::string ValidationMessage(Session& s, std::string& text) {
   const char dp = s.Dp();
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
-    if (!(OneOf(c, "+-/*^()[]=;") || c == dp || IsDigit(c) || IsLetter(c))) {
+    if (!(OneOf(c, "+-/*^()[]=;") || c == dp || IsAsciiDigit(c) || IsAsciiLetter(c))) {
       return "Error in input string.  The character  " + CharacterAt(text, i) + "  is not allowed.";
     }
   }

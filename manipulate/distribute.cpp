@@ -7,8 +7,6 @@ namespace tavimor {
 
 namespace {
 
-bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
-
 bool IsBracketedSum(const Session& s, NodeIdx n) {
   const ExprNode& node = s.Pool[n];
   return (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) &&

@@ -26,8 +26,6 @@ const std::map<char32_t, char32_t> kSuperscripts = {
 
 const char32_t* kRelationSigns[] = {U" ", U" = ", U" < ", U" > ", U" ≤ ", U" ≥ ", U"  →  "};
 
-bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
-
 TextBlock PadTo(TextBlock block, int above, int below, int width) {
   const int w = std::max(width, block.Width());
   for (auto& row : block.rows) row.resize(static_cast<std::size_t>(w), U' ');
@@ -125,7 +123,7 @@ TextBlock TextLayout::Render(NodeIdx n) {
 TextBlock TextLayout::Content(NodeIdx n) {
   const NodeIdx first = N(n).FirstChild;
   if (IsSumRole(N(first).Role)) return Sum(n);
-  if (N(first).Role == kRoleNumerator || N(first).Role == kRoleDenominator) return Product(n);
+  if (IsProductRole(N(first).Role)) return Product(n);
   return Render(first);
 }
 

@@ -22,8 +22,6 @@ constexpr const char* kAtMost = "\xE2\x89\xA4";   // ≤
 constexpr const char* kAtLeast = "\xE2\x89\xA5";  // ≥
 constexpr const char* kArrow = "\xE2\x86\x92";    // →
 
-bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
-
 struct Box {
   float width = 0.0f;
   float height = 0.0f;
@@ -199,7 +197,7 @@ Box Layout::MeasureContent(NodeIdx n) {
   const NodeIdx first = N(n).FirstChild;
   rule_y_[static_cast<std::size_t>(n)] = -1.0f;
   if (IsSumRole(N(first).Role)) return MeasureSum(n);
-  if (N(first).Role == kRoleNumerator || N(first).Role == kRoleDenominator) {
+  if (IsProductRole(N(first).Role)) {
     return MeasureProduct(n);
   }
   N(first).X = 0.0f;
@@ -324,7 +322,6 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
 
 void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
   const float rule = rule_y_[static_cast<std::size_t>(n)];
-  NodeIdx row_start = kNoNode;  // the pseudo sign of a row stands straight before its factor
   for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
     UseSize(n);
     const ExprNode& child = N(c);
@@ -339,7 +336,6 @@ void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
       AddText(out, x + child.X - sp_ / 2 - dot, y + child.Y + child.Base, kTimes, Face::Sign);
     }
     Draw(c, x + child.X, y + child.Y, out);
-    (void)row_start;
   }
   UseSize(n);
   if (rule >= 0.0f) {
@@ -353,11 +349,6 @@ void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
     out.items.push_back(line);
   }
 }
-
-// A text drawn as one expression into `drawing` at pen x, its baseline at `base` (set later).
-struct PlacedPiece {
-  Drawing drawing;
-};
 
 // Lays out one text on its own temporary tree.
 Drawing LayOutText(Session& s, Layout& layout, const std::string& text) {
@@ -448,7 +439,6 @@ std::string RelationString(int code) {
 }
 
 bool NeedsTimesSign(const Session& s, NodeIdx previous, NodeIdx factor) {
-  (void)previous;
   const ExprNode& node = s.Pool[factor];
   if (node.Text.empty()) return false;
   if (node.Kind == kKindNumber && (node.Text == "-" || node.Text == "+")) return false;

@@ -22,6 +22,7 @@
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/main_flow.h"
+#include "shell/version.h"
 
 namespace tavimor {
 
@@ -399,12 +400,6 @@ void MainWindow::ExportWorkSpace(const QString& kind) {
 
 namespace tavimor {
 
-namespace {
-
-constexpr const char* kCaptionVersion = "0.1";
-
-}  // namespace
-
 bool MainWindow::AskSaveChanges() {
   if (!HasUnsavedChanges(s_)) return true;
   const auto answer = QMessageBox::information(
@@ -421,7 +416,7 @@ bool MainWindow::AskSaveChanges() {
 
 void MainWindow::SetFileCaption() {
   const std::string name = s_.FileName.empty() ? "[Untitled]" : s_.FileName;
-  s_.Form.caption = std::string(" Tavimor ") + kCaptionVersion + " - " + name;
+  s_.Form.caption = std::string(" Tavimor ") + kProgramVersion + " - " + name;
   setWindowTitle(QString::fromStdString(s_.Form.caption));
 }
 

@@ -18,13 +18,13 @@
 #include "present/typesetter.h"
 #include "present/work_space.h"
 #include "shell/load_item.h"
+#include "shell/version.h"
 #include "simplify/bracket_rules.h"
 
 namespace tavimor {
 
 namespace {
 
-constexpr const char* kVersion = "0.1";
 constexpr int kInputHelp = 2;
 
 const std::array<std::vector<std::string>, 5> kPanelButtons = {{
@@ -172,7 +172,7 @@ std::string ButtonTooltip(const std::string& button) {
   return it == kTooltips.end() ? "" : it->second;
 }
 
-std::string FormCaption() { return std::string(kVersion) + " The Tavimor  - [Untitled]"; }
+std::string FormCaption() { return std::string(kProgramVersion) + " The Tavimor  - [Untitled]"; }
 
 void StartUp(Session& s, const std::string& decimal_point) {
   s.DecimalPoint = decimal_point == "," ? "," : ".";

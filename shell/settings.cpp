@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "shell/option_keys.h"
+#include "shell/version.h"
 
 namespace tavimor {
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr const char* kParameters = "Parameters";
 constexpr const char* kRecentFiles = "Recent Files";
-constexpr const char* kVersion = "0.1";
 
 std::string Lower(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
@@ -35,7 +35,7 @@ void MemorySettings::Set(const std::string& section, const std::string& key,
   values[Lower(section + "/" + key)] = value;
 }
 
-std::string SettingsApplicationName() { return std::string("Tavimor ") + kVersion; }
+std::string SettingsApplicationName() { return std::string("Tavimor ") + kProgramVersion; }
 
 bool LoadSettings(Session& s, SettingsStore& store, const std::string& program_directory,
                   std::array<std::string, 4>& recent) {

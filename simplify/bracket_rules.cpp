@@ -15,8 +15,6 @@ namespace tavimor {
 
 namespace {
 
-bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
-bool IsProductRole(char role) { return role == kRoleNumerator || role == kRoleDenominator; }
 bool IsBracket(const ExprNode& node) {
   return node.Kind == kKindBracket || node.Kind == kKindHiddenBracket;
 }

@@ -18,8 +18,6 @@ namespace tavimor {
 
 namespace {
 
-bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
-
 // Bits of what a collection did; the help number is 380 plus the bits.
 constexpr int kBitDropped = 1;   // an initial + sign or zero terms dropped
 constexpr int kBitSorted = 2;    // terms sorted
@@ -104,7 +102,7 @@ int TermRank(Session& s, NodeIdx term, int depth) {
   }
   const NodeIdx first = node.FirstChild;
   if (depth == 1 && node.Kind == kKindSumOrProduct && first != kNoNode &&
-      (s.Pool[first].Role == kRoleNumerator || s.Pool[first].Role == kRoleDenominator)) {
+      IsProductRole(s.Pool[first].Role)) {
     int top = 99;
     int bottom = 99;
     for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {

@@ -36,8 +36,6 @@ const std::vector<PassRow> kPasses = {
     {9, Where::Number, {&DropPlusOnNumber}},             // +2 -> 2
 };
 
-bool IsSumRole(char role) { return role == '+' || role == '-' || role == '1'; }
-
 bool Matches(const Session& s, NodeIdx n, Where where) {
   const ExprNode& node = s.Pool[n];
   const char first = node.FirstChild == kNoNode ? '\0' : s.Pool[node.FirstChild].Role;
