@@ -90,7 +90,13 @@ int TermRank(Session& s, NodeIdx term, int depth) {
   if (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) return 98;
   if (node.Kind == kKindVariable) return 49;
   if (node.Kind == kKindPower) {
-    const std::string& exponent = s.Pool[node.FirstChild].Text;
+    const ExprNode& exponent_node = s.Pool[node.FirstChild];
+    const std::string& exponent = exponent_node.Text;
+    // A number leaf is its own value; anything else is simplified to find out.
+    if (exponent_node.Kind == kKindNumber && exponent_node.FirstChild == kNoNode &&
+        exponent != "-" && exponent != "+") {
+      return static_cast<int>(std::max(20.0, std::nearbyint(50.0 - SafeValue(s, exponent))));
+    }
     if (IsNumericText(s, exponent)) {
       const double n = SafeValue(s, SimplifyText(s, exponent));
       return static_cast<int>(std::max(20.0, std::nearbyint(50.0 - n)));
