@@ -49,6 +49,9 @@ Options:
                     Flags take True or False; numbers must lie in the range the
                     options dialog offers. May be given more than once.
   --decimal-comma   Numbers are written with "," as the decimal separator.
+  --values SPEC     The values evaluate puts in for the letters, as "x=2; y=-1/2";
+                    a letter without one is asked for in the interactive tutor, and
+                    elsewhere ends evaluate with a note on standard error (status 64).
   --file PATH       Opens an algebra file before the item is loaded, as Open does, so
                     that a new item is remembered in it (a known one shows its comment).
   --save            Saves the list to that file after the commands.
@@ -81,7 +84,24 @@ struct CliOptions {
   bool save = false;    // save the list to it afterwards
   std::string save_as;  // or to this file
   bool list = false;    // print the list instead
+  std::vector<std::pair<std::string, std::string>> values;  // letter and value, for evaluate
 };
+
+// "x=2; y=-3" as pairs of a letter and its value; false for a part that is no "letter=value".
+bool ParseValues(const std::string& spec, std::vector<std::pair<std::string, std::string>>& out) {
+  std::size_t start = 0;
+  while (start <= spec.size()) {
+    const std::size_t end = std::min(spec.find(';', start), spec.size());
+    std::string part = spec.substr(start, end - start);
+    RemoveSpaces(part);
+    start = end + 1;
+    if (part.empty()) continue;
+    const std::size_t equals = part.find('=');
+    if (equals != 1 || !std::isalpha(static_cast<unsigned char>(part[0]))) return false;
+    out.emplace_back(part.substr(0, 1), part.substr(2));
+  }
+  return true;
+}
 
 constexpr int kExitNotSaved = 1;
 
@@ -212,6 +232,11 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     for (const std::string& word : words) {
       if (!RunWord(s, word, error)) return kExitUnknownCommand;
     }
+    for (const std::string& letter : frontend.MissingValues()) {
+      std::cerr << "tavimor-cli: evaluate needs a value for " << letter << ": give --values \""
+                << letter << "=...\".\n";
+      status = kExitUsage;
+    }
   }
   if (json) {
     if (status != kExitOk && !frontend.Messages().empty()) error = frontend.Messages().back();
@@ -232,6 +257,7 @@ int RunBatch(const CliOptions& options) {
   std::ifstream file(options.batch, std::ios::binary);
   if (!file) return Usage("cannot read the batch file \"" + options.batch + "\".");
   TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);
+  frontend.SetGivenValues(options.values);
   Session s(frontend);
   frontend.AttachSession(s);
   std::string error;
@@ -287,6 +313,7 @@ void PrintStatus(const Session& s, std::ostream& out) {
 int Interactive(const CliOptions& options) {
   const bool terminal = isatty(STDIN_FILENO) != 0;
   TerminalFrontend frontend(std::cout, std::cerr, std::cin, true);
+  frontend.SetGivenValues(options.values);
   Session s(frontend);
   frontend.AttachSession(s);
   std::string error;
@@ -372,6 +399,12 @@ int Main(int argc, char** argv) {
       }
       return kExitOk;
     }
+    if (arg == "--values") {
+      if (++i >= all.size() || !ParseValues(all[i], options.values)) {
+        return Usage("--values needs SPEC such as \"x=2; y=3\".");
+      }
+      continue;
+    }
     if (arg == "--decimal-comma") {
       options.decimal_comma = true;
     } else if (arg == "--json") {
@@ -440,6 +473,7 @@ int Main(int argc, char** argv) {
     return RunTreeCommand(s, args[i + 1], std::cout);
   }
   TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);
+  frontend.SetGivenValues(options.values);
   Session s(frontend);
   frontend.AttachSession(s);
   std::string error;

@@ -2,6 +2,7 @@
 // with its mathematics set in two dimensions; pauses and questions at the prompt.
 #include "cli/terminal_frontend.h"
 
+#include <algorithm>
 #include <iostream>
 
 #include "present/text_picture.h"
@@ -55,6 +56,7 @@ void TerminalFrontend::Reset() {
   ClearWorkSpace();
   messages_.clear();
   hints_.clear();
+  missing_values_.clear();
 }
 
 PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {
@@ -100,6 +102,34 @@ std::optional<std::string> TerminalFrontend::AskText(const std::string& question
   std::string answer;
   if (!std::getline(in_, answer)) return std::nullopt;
   return answer.empty() ? suggestion : answer;
+}
+
+std::optional<std::vector<std::string>> TerminalFrontend::AskValues(
+    const std::vector<std::string>& letters, const std::vector<std::string>& suggestions) {
+  std::vector<std::string> values;
+  for (std::size_t k = 0; k < letters.size(); ++k) {
+    const std::string& letter = letters[k];
+    const auto given = std::find_if(given_values_.begin(), given_values_.end(),
+                                    [&letter](const auto& pair) { return pair.first == letter; });
+    if (given != given_values_.end()) {
+      values.push_back(given->second);
+      continue;
+    }
+    if (!live_) {
+      missing_values_.push_back(letter);
+      continue;
+    }
+    Flush();
+    const std::string suggestion = k < suggestions.size() ? suggestions[k] : "";
+    out_ << letter << " = ";
+    if (!suggestion.empty()) out_ << "[" << suggestion << "] ";
+    out_ << std::flush;
+    std::string answer;
+    if (!std::getline(in_, answer)) return std::nullopt;
+    values.push_back(answer.empty() ? suggestion : answer);
+  }
+  if (!missing_values_.empty()) return std::nullopt;
+  return values;
 }
 
 void TerminalFrontend::ShowHelp(int help_number) {

@@ -35,7 +35,17 @@ class TerminalFrontend : public Frontend {
   bool AskYesNo(const std::string& question) override;
   std::optional<std::string> AskText(const std::string& question,
                                      const std::string& suggestion) override;
+  std::optional<std::vector<std::string>> AskValues(
+      const std::vector<std::string>& letters,
+      const std::vector<std::string>& suggestions) override;
   void ShowHelp(int help_number) override;
+
+  // Values given beforehand ("x" -> "2"), answered for those letters without asking.
+  void SetGivenValues(std::vector<std::pair<std::string, std::string>> values) {
+    given_values_ = std::move(values);
+  }
+  // Letters whose value was asked for and neither given nor typed, since the last Reset.
+  const std::vector<std::string>& MissingValues() const { return missing_values_; }
 
   // Prints what is left of the current line (live mode).
   void Flush();
@@ -58,6 +68,8 @@ class TerminalFrontend : public Frontend {
   RichText pending_line_;  // live mode: the runs of the line not yet printed
   std::vector<std::string> messages_;
   std::vector<std::string> hints_;
+  std::vector<std::pair<std::string, std::string>> given_values_;
+  std::vector<std::string> missing_values_;
 };
 
 }  // namespace tavimor

@@ -9,6 +9,7 @@ namespace tavimor {
 
 // Numbers of the run-time errors, as the command frames know them.
 enum class RunTimeErrorNumber : int {
+  InvalidCall = 5,          // a root or logarithm outside its domain
   Overflow = 6,             // 16- or 32-bit arithmetic out of range
   SubscriptOutOfRange = 9,  // a node index outside the pool, or a full table
   DivisionByZero = 11,
@@ -28,7 +29,12 @@ class RunTimeError : public std::runtime_error {
 };
 
 // The system's own error numbers.
-inline constexpr std::uint32_t kErrorCancel = 0x80045401u;
+inline constexpr std::uint32_t kErrorCancel = 0x80045401u;        // the student stopped the run
+inline constexpr std::uint32_t kErrorLogZero = 0x80045402u;       // log(0)
+inline constexpr std::uint32_t kErrorLnZero = 0x80045403u;        // ln(0)
+inline constexpr std::uint32_t kErrorTangent = 0x80045404u;       // tan at a pole
+inline constexpr std::uint32_t kErrorZeroPower = 0x80045405u;     // 0^n with n <= 0
+inline constexpr std::uint32_t kErrorZeroOverZero = 0x80045406u;  // 0/0
 
 // An application error with one of the numbers 0x80045401 to 0x80045406.
 class AppError : public std::runtime_error {

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tavimor {
 
@@ -44,6 +45,10 @@ class Frontend {
   // A question answered with a short text; nothing when the student cancels.
   virtual std::optional<std::string> AskText(const std::string& question,
                                              const std::string& suggestion) = 0;
+  // The values of letters: one row per letter, shown as the letter and " =", each with its
+  // suggestion filled in; nothing when the student cancels.
+  virtual std::optional<std::vector<std::string>> AskValues(
+      const std::vector<std::string>& letters, const std::vector<std::string>& suggestions) = 0;
   // The help topic with that number.
   virtual void ShowHelp(int help_number) = 0;
 };

@@ -70,6 +70,10 @@ class Session {
   float WaitX = 0.0f;
   float WaitY = 0.0f;
   bool WritingWorkSpace = false;
+  // The variable table of evaluation: letters and their values, in parallel.
+  std::vector<char> VarNames;
+  std::vector<NodeValue> VarValues;
+  std::int16_t VarCount = 0;
   std::vector<char> SubstitutionVars;
   std::int16_t SubstitutionCount = 0;
   std::vector<EquationRow> EquationList;
@@ -102,6 +106,8 @@ class Session {
   // Switches of the engines, true at the start of a command.
   bool DistributeMinus = true;
   bool ComplexProducts = true;
+  // Set by the solver: a power whose exponent holds this text is not spread over a product.
+  std::string ProtectedExponent;
   // 1 normally, 2 while a denominator is expanded too.
   std::int16_t ExpandMode = 1;
 

@@ -6,6 +6,7 @@
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
+#include "core/regenerate.h"
 #include "core/temp_tree.h"
 
 namespace tavimor {
@@ -170,6 +171,12 @@ int CoefficientClass(Session& s, std::string_view text) {
   });
   if (not_whole || largest > 2.0) return 3;
   return largest <= 1.0 ? 1 : 2;
+}
+
+std::string RegeneratedText(Session& s, std::string_view text) {
+  const TempTree t(s, std::string(text), Depth::Whole);
+  RegenerateAll(s, t.Root());
+  return t[t.Root()].Text;
 }
 
 int CountTerms(Session& s, std::string_view text) {

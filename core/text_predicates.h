@@ -29,6 +29,8 @@ int SumSignClass(Session& s, std::string_view text);
 // 1 all terms of size 1, 2 all of size at most 2, 3 otherwise or a term not whole.
 int CoefficientClass(Session& s, std::string_view text);
 int CountTerms(Session& s, std::string_view text);
+// The text as its tree writes it back: brackets that change nothing are gone.
+std::string RegeneratedText(Session& s, std::string_view text);
 int CountOccurrences(Session& s, std::string_view text, std::string_view name);
 // How deep the one occurrence of `name` sits: 0 for the text itself, -1 unless it occurs once.
 int WrapDepth(Session& s, std::string_view text, std::string_view name);

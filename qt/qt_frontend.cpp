@@ -3,10 +3,13 @@
 #include "qt/qt_frontend.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -110,6 +113,33 @@ std::optional<std::string> QtFrontend::AskText(const std::string& question,
                                                QString::fromStdString(suggestion), &ok);
   if (!ok) return std::nullopt;
   return answer.toStdString();
+}
+
+std::optional<std::vector<std::string>> QtFrontend::AskValues(
+    const std::vector<std::string>& letters, const std::vector<std::string>& suggestions) {
+  QDialog dialog(window_);
+  dialog.setObjectName(QStringLiteral("VarsInputForm"));
+  dialog.setWindowTitle(QStringLiteral("Values of the letters"));
+  auto* layout = new QVBoxLayout(&dialog);
+  auto* form = new QFormLayout;
+  std::vector<QLineEdit*> edits;
+  for (std::size_t k = 0; k < letters.size(); ++k) {
+    auto* edit = new QLineEdit(&dialog);
+    edit->setObjectName(QString::fromStdString("value_" + letters[k]));
+    if (k < suggestions.size()) edit->setText(QString::fromStdString(suggestions[k]));
+    form->addRow(QString::fromStdString(letters[k] + " ="), edit);
+    edits.push_back(edit);
+  }
+  layout->addLayout(form);
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+  layout->addWidget(buttons);
+  if (!edits.empty()) edits.front()->setFocus();
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  std::vector<std::string> values;
+  for (const QLineEdit* edit : edits) values.push_back(edit->text().toStdString());
+  return values;
 }
 
 void QtFrontend::ShowHelp(int help_number) {

@@ -45,6 +45,9 @@ class QtFrontend : public Frontend {
   bool AskYesNo(const std::string& question) override;
   std::optional<std::string> AskText(const std::string& question,
                                      const std::string& suggestion) override;
+  std::optional<std::vector<std::string>> AskValues(
+      const std::vector<std::string>& letters,
+      const std::vector<std::string>& suggestions) override;
   void ShowHelp(int help_number) override;
 
  private:

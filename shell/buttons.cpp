@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 
+#include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
 
@@ -28,6 +29,7 @@ ButtonAction ExpressionButton(const char* button, std::int16_t trig_mode) {
 const std::map<std::string, ButtonAction> kBuiltButtons = {
     {"cmdSimplify", ExpressionButton("cmdSimplify", 0)},
     {"cmdBrackets", [](Session& s, bool, std::string&) { cmdBrackets(s); }},
+    {"cmdEvaluate", [](Session& s, bool, std::string& error) { error = cmdEvaluate(s); }},
     {"cmdDoLHS", [](Session& s, bool, std::string&) { cmdDoLHS(s); }},
     {"cmdDoRHS", [](Session& s, bool, std::string&) { cmdDoRHS(s); }},
     {"cmdShowEqnFrame", [](Session& s, bool, std::string&) { cmdShowEqnFrame(s); }},

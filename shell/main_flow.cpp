@@ -94,14 +94,14 @@ struct NumberedError {
   int help;
 };
 constexpr std::array<NumberedError, 5> kNumberedErrors = {{
-    {0x80045402u, "You are attempting to take the logarithm of 0 and this is undefined.", 255},
-    {0x80045403u, "You are attempting to take the natural logarithm of 0 and this is undefined.",
+    {kErrorLogZero, "You are attempting to take the logarithm of 0 and this is undefined.", 255},
+    {kErrorLnZero, "You are attempting to take the natural logarithm of 0 and this is undefined.",
      256},
-    {0x80045404u,
+    {kErrorTangent,
      "You are attempting to take the tangent of an angle for which the tangent is undefined.", 257},
-    {0x80045405u, "You are attempting to raise 0 to non-positive power and this is undefined.",
+    {kErrorZeroPower, "You are attempting to raise 0 to non-positive power and this is undefined.",
      258},
-    {0x80045406u, "You are attempting to evaluate 0/0 and this is indeterminate.", 259},
+    {kErrorZeroOverZero, "You are attempting to evaluate 0/0 and this is indeterminate.", 259},
 }};
 constexpr const char* kDivideByZero = "You are attempting to divide by 0 and this is undefined.";
 constexpr int kDivideByZeroHelp = 260;
@@ -132,6 +132,13 @@ bool HoldsAny(const std::string& text, std::initializer_list<const char*> parts)
   return false;
 }
 
+void WritePictureLine(Session& s, RichTextSink& box, Picture picture) {
+  InsertPicture(s, box, std::move(picture), 0, 0, false);
+  WriteText(s, box, "  ", 0, 1, "FFF0");
+}
+
+}  // namespace
+
 NodeIdx CurrentSide(const Session& s) {
   return s.Form.panel1_caption == "Right Side" ? kRightRoot : kLeftRoot;
 }
@@ -144,13 +151,6 @@ void RestoreSides(Session& s, const std::string& left, const std::string& right)
   LoadSide(s, kLeftRoot, left);
   if (!right.empty()) LoadSide(s, kRightRoot, right);
 }
-
-void WritePictureLine(Session& s, RichTextSink& box, Picture picture) {
-  InsertPicture(s, box, std::move(picture), 0, 0, false);
-  WriteText(s, box, "  ", 0, 1, "FFF0");
-}
-
-}  // namespace
 
 std::string PanelCaption(const Session& s, int panel) {
   switch (panel) {

@@ -56,6 +56,10 @@ void ClickStatusPanel(Session& s, int panel);  // 1 to 9
 // "Set" keeps the options a command may force; "Retrieve" resets the per-problem state.
 void OptionSnapshot(Session& s, const std::string& command);
 
+// The side a command works on: node 3 under the caption "Right Side", else node 2.
+NodeIdx CurrentSide(const Session& s);
+// Loads both sides anew from their texts on a fresh pool.
+void RestoreSides(Session& s, const std::string& left, const std::string& right);
 void ResetDiagnostics(Session& s);
 void ShowDiagnostics(Session& s);
 

@@ -11,7 +11,11 @@
 #include "core/regenerate.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
+#include "simplify/collect_product.h"
 #include "simplify/collect_sum.h"
+#include "simplify/power_rules.h"
+#include "simplify/product_rules.h"
+#include "simplify/radical_rules.h"
 
 namespace tavimor {
 
@@ -29,11 +33,22 @@ bool FlattenOneBracket(Session& s, NodeIdx& slot) { return FlattenSumBrackets(s,
 
 // The dispatch table. Rows of rule families that are not part of the tutor yet stay empty.
 const std::vector<PassRow> kPasses = {
-    {1, Where::Any, {&BracketRule}},                     // brackets that say nothing
-    {3, Where::Sum, {&FlattenOneBracket}},               // brackets inside a sum
-    {4, Where::Sum, {&CollectSum}},                      // collect and sort a sum
-    {4, Where::Product, {&DistributeMinusOverBracket}},  // -(a+b) -> -a-b, the last product rule
-    {9, Where::Number, {&DropPlusOnNumber}},             // +2 -> 2
+    {1, Where::Any, {&BracketRule}},        // brackets that say nothing
+    {3, Where::Sum, {&FlattenOneBracket}},  // brackets inside a sum
+    {3,
+     Where::Product,  // the shape of a product
+     {&CollapseProductSigns, &DropProductBrackets, &DivideByFraction, &MultiplyFractions}},
+    {4, Where::Sum, {&CollectSum}},  // collect and sort a sum
+    {4,
+     Where::Product,  // collect and sort a product; -(a+b) -> -a-b last
+     {&CollectProductRule, &DistributeMinusOverBracket}},
+    {5, Where::Any, {&ExponentialForm, &RadicalForm}},  // the written form of powers
+    {6, Where::Power, {&PowerRules}},                   // powers
+    {7,
+     Where::Function,  // square roots
+     {&SquareRootValue, &SquareRootStructure, &SplitFractionRoot}},
+    {8, Where::Product, {&Rationalise, &CombineSquareRoots, &RadicalToExponent}},  // radicals
+    {9, Where::Number, {&DropPlusOnNumber}},                                       // +2 -> 2
 };
 
 bool Matches(const Session& s, NodeIdx n, Where where) {

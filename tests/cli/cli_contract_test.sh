@@ -115,7 +115,7 @@ lines=$("$cli" --json --batch "$work/batch.txt" 2>/dev/null | wc -l)
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: left, right" "[Left Side] commands: simplify, brackets, equation" \
+  "[Equation] commands: left, right" "[Left Side] commands: simplify, brackets, evaluate, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
 out=$(printf 'x+x\nexpand\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")

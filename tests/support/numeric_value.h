@@ -18,6 +18,9 @@ class NumericValue {
  public:
   NumericValue(Session& s, std::map<char, double> letters) : s_(s), letters_(std::move(letters)) {}
 
+  // Whether a division by zero or 0 to a power of at most 0 was met on the way.
+  bool met_undefined = false;
+
   double Of(const std::string& text) {
     const NodeIdx root = NewNode(s_);
     s_.Pool[root].Text = text;
@@ -58,6 +61,7 @@ class NumericValue {
         } else {
           v = Node(c);
         }
+        if (s_.Pool[c].Role == 'D' && v == 0.0) met_undefined = true;
         product = s_.Pool[c].Role == 'D' ? product / v : product * v;
       }
       return product;
@@ -72,7 +76,10 @@ class NumericValue {
       case kKindVariable: return letters_.at(node.Text[0]);
       case kKindPower: {
         const NodeIdx e = node.FirstChild;
-        return std::pow(Node(s_.Pool[e].Next), Node(e));
+        const double exponent = Node(e);
+        const double base = Node(s_.Pool[e].Next);
+        if (base == 0.0 && exponent <= 0.0) met_undefined = true;
+        return std::pow(base, exponent);
       }
       case kKindFunction: {
         const double x = Content(n);

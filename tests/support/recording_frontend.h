@@ -48,6 +48,11 @@ class RecordingFrontend : public Frontend {
     questions.push_back(question);
     return text_answer;
   }
+  std::optional<std::vector<std::string>> AskValues(const std::vector<std::string>& letters,
+                                                    const std::vector<std::string>&) override {
+    asked_letters.push_back(letters);
+    return values_answer;
+  }
   void ShowHelp(int help_number) override { help_shown.push_back(help_number); }
 
   // The work space as plain text, pictures as "@mathematics@".
@@ -64,6 +69,8 @@ class RecordingFrontend : public Frontend {
   std::vector<std::string> questions;
   bool yes = true;
   std::optional<std::string> text_answer;
+  std::vector<std::vector<std::string>> asked_letters;
+  std::optional<std::vector<std::string>> values_answer;
   std::vector<int> help_shown;
 };
 

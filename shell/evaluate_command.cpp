@@ -1,0 +1,172 @@
+// The Evaluate button: values for the letters are asked for, put in, and the side simplified
+// to a number, which one sentence tells.
+#include "shell/evaluate_command.h"
+
+#include <vector>
+
+#include "core/evaluate.h"
+#include "core/node_pool.h"
+#include "core/node_queries.h"
+#include "core/number_text.h"
+#include "core/regenerate.h"
+#include "core/validate.h"
+#include "present/message_box.h"
+#include "present/work_space.h"
+#include "shell/main_flow.h"
+#include "simplify/bracket_rules.h"
+#include "simplify/coefficients.h"
+#include "simplify/factor_texts.h"
+#include "simplify/simplify_driver.h"
+
+namespace tavimor {
+
+namespace {
+
+constexpr const char* kComplexOnly =
+    "This expression cannot be evaluated further over the real numbers but it can be evaluated "
+    "over the complex numbers.";
+
+bool HasTrigonometry(const std::string& text) {
+  for (const char* name : {"sin(", "cos(", "tan(", "cot(", "sec(", "csc("}) {
+    if (text.find(name) != std::string::npos) return true;
+  }
+  return false;
+}
+
+// The words of the side, by the caption of panel 1.
+std::string SideWords(const Session& s) {
+  if (s.Form.panel1_caption == "Left Side") return "left side of the equation evaluates to ";
+  if (s.Form.panel1_caption == "Right Side") return "right side of the equation evaluates to ";
+  return "expression evaluates to ";
+}
+
+// The slot that holds a node: its previous sibling's Next, or its parent's FirstChild.
+NodeIdx& SlotOf(Session& s, NodeIdx n, NodeIdx root, NodeIdx& root_slot) {
+  if (n == root) return root_slot;
+  const NodeIdx prev = s.Pool[n].Prev;
+  if (prev != kNoNode) return s.Pool[prev].Next;
+  return s.Pool[s.Pool[n].Parent].FirstChild;
+}
+
+// The value of a side that the simplify loop left with a function it has no rule for yet.
+std::string Evaluated(Session& s, NodeIdx side) {
+  EvaluateAll(s, side);
+  return FormatValue(s, ValueAsNumber(s, s.Pool[side].Value));
+}
+
+}  // namespace
+
+bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
+  result.clear();
+  // 1. and 2. The letters, constants left out.
+  s.SubstitutionCount = 0;
+  s.SubstitutionVars.clear();
+  CollectVars(s, side);
+  std::vector<std::string> letters;
+  std::vector<std::string> suggestions;
+  for (const char letter : s.SubstitutionVars) {
+    if (IsConstantVar(s, letter)) continue;
+    letters.emplace_back(1, letter);
+    const NodeValue known = VarValue(s, letter);
+    const auto* text = std::get_if<std::string>(&known);
+    suggestions.push_back(text != nullptr ? *text : "");
+  }
+  // 3. Their values; Cancel ends the command.
+  std::vector<std::string> values;
+  if (!letters.empty()) {
+    std::optional<std::vector<std::string>> answer = s.Screen().AskValues(letters, suggestions);
+    if (!answer || answer->size() != letters.size()) return false;
+    values = std::move(*answer);
+    for (std::size_t k = 0; k < values.size(); ++k) {
+      std::string checked = values[k];
+      std::string refusal = ValidationMessage(s, checked);
+      if (refusal.empty() && checked.empty())
+        refusal = "Please give a value for " + letters[k] + ".";
+      if (refusal.empty() && checked.find('=') != std::string::npos) {
+        refusal = "The value of " + letters[k] + " can't hold an = sign.";
+      }
+      if (!refusal.empty()) {
+        ShowCustomMessage(s, refusal, 2);
+        return false;
+      }
+      values[k] = checked;
+      SetVarValue(s, letters[k][0], values[k]);
+    }
+  }
+  // 4. Each letter replaced by its value, then the simplify loop in floating point, silently.
+  std::vector<std::pair<NodeIdx, std::string>> replacements;
+  for (std::size_t k = 0; k < letters.size(); ++k) {
+    for (const NodeIdx n : FindOccurrences(s, letters[k], side)) {
+      if (s.Pool[n].Kind == kKindVariable) replacements.emplace_back(n, values[k]);
+    }
+  }
+  NodeIdx root = side;
+  for (const auto& [n, value] : replacements) {
+    NodeIdx& slot = SlotOf(s, n, side, root);
+    ReplaceNodeContents(s, slot, value, true);
+  }
+  RegenerateAll(s, root);
+  const std::string before = s.Pool[root].Text;
+  const bool exact_to_float = s.ExactToFloat;
+  const std::int16_t detail = s.DetailNow;
+  s.ExactToFloat = true;
+  s.DetailNow = 0;
+  try {
+    int level = 0;
+    SimplifyTree(s, root, level);
+  } catch (...) {
+    s.ExactToFloat = exact_to_float;
+    s.DetailNow = detail;
+    throw;
+  }
+  s.ExactToFloat = exact_to_float;
+  s.DetailNow = detail;
+  std::string value = s.Pool[root].Text;
+  const bool complex = ContainsImagUnit(s, value);
+  if (!complex && !IsNumberToken(s, value)) value = Evaluated(s, root);
+  // 5. and 6. The sentence.
+  if (complex && s.ComplexForm == 0) {
+    result = kComplexOnly;
+    return true;
+  }
+  std::string sentence = "The " + SideWords(s);
+  if (!letters.empty()) {
+    std::string with = "With ";
+    for (std::size_t k = 0; k < letters.size(); ++k) {
+      with += (k == 0 ? "" : "; ") + letters[k] + " = " + values[k];
+    }
+    sentence = with + " the " + SideWords(s);
+  }
+  sentence += "@" + value + "@ .";
+  if (HasTrigonometry(before)) {
+    sentence += s.Degrees ? "  (angle in degrees)." : "  (angle in radians).";
+  }
+  result = sentence;
+  return true;
+}
+
+std::string cmdEvaluate(Session& s) {
+  const NodeIdx side = CurrentSide(s);
+  const std::string left = s.Pool[kLeftRoot].Text;
+  const std::string right = s.Pool[kRightRoot].Text;
+  try {
+    ResetDiagnostics(s);
+    std::string sentence;
+    const bool done = EvaluateCommand(s, side, sentence);
+    ShowDiagnostics(s);
+    // The student's item stays as it was: the value lives in the sentence.
+    RestoreSides(s, left, right);
+    if (done) {
+      WorkSpaceSink box(s);
+      WriteMessage(s, box, sentence, s.StreamingOutput);
+    }
+    s.DetailNow = 0;
+    return "";
+  } catch (const std::exception& error) {
+    s.DetailNow = 0;
+    ShowDiagnostics(s);
+    return CommandError(s, "Error in Evaluate.", error, left, right);
+  }
+}
+
+}  // namespace tavimor
