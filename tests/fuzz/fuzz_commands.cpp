@@ -1,6 +1,6 @@
 // Fuzz target: any input loaded as OK does, then every button on offer pressed, the pauses
-// answered and the questions refused (no question blocks): no crash, no sanitizer report, no
-// pool node lost, and the work item always whole.
+// answered, the values of letters given and other questions refused (no question blocks): no
+// crash, no sanitizer report, no pool node lost, and the work item always whole.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -13,6 +13,9 @@
 #include "support/recording_frontend.h"
 
 namespace {
+
+// The values letters are given when evaluate asks.
+constexpr const char* kValues[] = {"2", "0", "-3", "1/2", "0.25", "p", "-1", "10"};
 
 // Nodes a work item holds: nodes 2 and 3 and everything below them.
 int ItemNodes(const tavimor::Session& s) {
@@ -28,11 +31,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   RecordingFrontend frontend;
   Session s(frontend);
   s.SetFirstRunOptions();
-  // The first byte chooses the options: detail, pacing, decimal comma.
+  // The first byte chooses the options: detail, pacing, decimal comma, the written forms of
+  // powers; the last byte the value every letter is given.
   const std::uint8_t choice = data[0];
   StartUp(s, (choice & 1) != 0 ? "," : ".");
   s.SolveDetailDefault = s.SolveDetail = static_cast<std::int16_t>((choice >> 1) % 3);
   s.StreamingOutput = (choice & 8) != 0;
+  s.ExponentToReciprocal = (choice & 16) == 0;
+  s.ExponentToRadical = (choice & 32) == 0;
+  s.ExactToFloat = (choice & 64) != 0;
+  s.ExponentToExponentialFunction = (choice & 128) != 0;
+  frontend.each_value = kValues[data[size - 1] % 8];
   UpdateStatusPanel(s);
   const std::string text(reinterpret_cast<const char*>(data + 1), size - 1);
   if (!cmdLoadEquation(s, text, false)) return 0;

@@ -4,7 +4,8 @@
 //
 // "do:" lines: a button word (left, right, equation, simplify, brackets), "click N" on a status
 // panel, "answer
-// continue|escape|help|right-yes|right-no" for the next pause, and "engine BUTTON KIND ..." to
+// continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2" (the values
+// given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..." to
 // run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "nothing", "error NUMBER|divide|overflow", "pause".
 // TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
@@ -17,6 +18,7 @@
 
 #include "core/input_split.h"
 #include "core/node_pool.h"
+#include "core/validate.h"
 #include "present/work_space.h"
 #include "shell/buttons.h"
 #include "shell/main_flow.h"
@@ -85,6 +87,18 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     PressButton(s, "cmdSimplify", false, error);
   } else if (verb == "brackets") {
     PressButton(s, "cmdBrackets", false, error);
+  } else if (verb == "evaluate") {
+    frontend.values_answer.reset();
+    if (rest != "cancel") {
+      std::vector<std::string> values;
+      std::istringstream list(rest);
+      for (std::string value; std::getline(list, value, ';');) {
+        RemoveSpaces(value);
+        values.push_back(value);
+      }
+      frontend.values_answer = values;
+    }
+    PressButton(s, "cmdEvaluate", false, error);
   } else if (verb == "click") {
     ClickStatusPanel(s, std::stoi(rest));
   } else if (verb == "answer") {
@@ -121,6 +135,11 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   for (const std::string& h : frontend.hints) out += "hint: " + h + "\n";
   for (const std::string& p : frontend.pauses) out += "pause: \"" + p + "\"\n";
   for (const std::string& q : frontend.questions) out += "question: " + q + "\n";
+  for (const std::vector<std::string>& letters : frontend.asked_letters) {
+    out += "values asked:";
+    for (const std::string& letter : letters) out += " " + letter + " =";
+    out += "\n";
+  }
   out += "panel: " + (s.Form.visible_panel < 0 ? "none" : PanelCaption(s, s.Form.visible_panel)) +
          "\n";
   out += "focus: " + s.Form.focus + "\n";

@@ -109,6 +109,10 @@ TEST(SimplifyProperty, ValueStaysTheLoopEndsAndASecondRunFindsNothing) {
   EXPECT_GT(checked, 2000);
 }
 
+constexpr const char* kNumbers[] = {"1", "2", "3", "4", "6", "8", "9", "12", "0.5"};
+constexpr const char* kExponents[] = {"2",     "3", "(-1)", "(-2)",  "(1/2)",
+                                      "(1/3)", "0", "1",    "(3/2)", "(2/3)"};
+
 // Products of powers, radicals and fractions of positive quantities.
 class PowerGenerator {
  public:
@@ -126,15 +130,8 @@ class PowerGenerator {
   bool Chance(double p) { return std::uniform_real_distribution<double>(0, 1)(random_) < p; }
   int Pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(random_); }
   std::string Letter() { return std::string(1, "xyz"[Pick(3)]); }
-  std::string Number() {
-    static constexpr const char* kNumbers[] = {"1", "2", "3", "4", "6", "8", "9", "12", "0.5"};
-    return kNumbers[Pick(9)];
-  }
-  std::string Exponent() {
-    static constexpr const char* kExponents[] = {"2",     "3", "(-1)", "(-2)",  "(1/2)",
-                                                 "(1/3)", "0", "1",    "(3/2)", "(2/3)"};
-    return kExponents[Pick(10)];
-  }
+  std::string Number() { return kNumbers[Pick(9)]; }
+  std::string Exponent() { return kExponents[Pick(10)]; }
   std::string Positive(int depth) {
     switch (depth <= 0 ? Pick(3) : Pick(5)) {
       case 0: return Number();

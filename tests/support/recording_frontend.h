@@ -51,6 +51,7 @@ class RecordingFrontend : public Frontend {
   std::optional<std::vector<std::string>> AskValues(const std::vector<std::string>& letters,
                                                     const std::vector<std::string>&) override {
     asked_letters.push_back(letters);
+    if (each_value) return std::vector<std::string>(letters.size(), *each_value);
     return values_answer;
   }
   void ShowHelp(int help_number) override { help_shown.push_back(help_number); }
@@ -71,6 +72,7 @@ class RecordingFrontend : public Frontend {
   std::optional<std::string> text_answer;
   std::vector<std::vector<std::string>> asked_letters;
   std::optional<std::vector<std::string>> values_answer;
+  std::optional<std::string> each_value;  // when set, the answer for every letter
   std::vector<int> help_shown;
 };
 
