@@ -1,6 +1,7 @@
 // The general number format and the scientific patterns ("0.00E-0") that numbers are written in.
 #include "core/number_format.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -85,11 +86,31 @@ std::string ScientificPatternFormat(double x, int decimals, char decimal_point,
   return mantissa + "E" + ExponentText(std::atoi(text.c_str() + e_at + 1), exponent_plus, 1);
 }
 
+namespace {
+
+// Characters appended to a buffer known to be long enough.
+struct PlainBuffer {
+  char* begin;
+  char* end;
+  PlainBuffer& operator+=(char c) {
+    *end++ = c;
+    return *this;
+  }
+};
+
+}  // namespace
+
 std::optional<double> ParseNumberText(std::string_view text, char decimal_point) {
   // Shape check: [+-] digits/point (at least one digit, at most one point) [E [+-] digits]
   std::size_t i = 0;
   const std::size_t n = text.size();
-  std::string plain;
+  // The plain form is never longer than the text: short texts are read on the stack, so that
+  // reading a number allocates nothing.
+  std::array<char, 64> stack{};
+  std::string heap;
+  if (n > stack.size()) heap.resize(n);
+  char* const start = n > stack.size() ? heap.data() : stack.data();
+  PlainBuffer plain{start, start};
   if (i < n && (text[i] == '+' || text[i] == '-')) {
     if (text[i] == '-') plain += '-';
     ++i;
@@ -127,12 +148,12 @@ std::optional<double> ParseNumberText(std::string_view text, char decimal_point)
   }
   if (i != n) return std::nullopt;
   double value = 0.0;
-  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  const auto result = std::from_chars(plain.begin, plain.end, value);
   if (result.ec == std::errc::result_out_of_range) {
     if (negative_exponent) return 0.0;  // below the smallest float: zero
     return std::nullopt;
   }
-  if (result.ec != std::errc{} || result.ptr != plain.data() + plain.size()) return std::nullopt;
+  if (result.ec != std::errc{} || result.ptr != plain.end) return std::nullopt;
   return value;
 }
 
