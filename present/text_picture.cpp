@@ -9,6 +9,7 @@
 #include "core/node_pool.h"
 #include "core/parse.h"
 #include "core/pieces.h"
+#include "present/display_form.h"
 #include "present/typesetter.h"
 
 namespace tavimor {
@@ -235,6 +236,7 @@ TextBlock RenderText(Session& s, const std::string& text) {
     root = NewNode(s);
     s.Pool[root].Text = text;
     ParseTree(s, root);
+    PrepareForDisplay(s, root);
     TextBlock block = TextLayout(s).Render(root);
     FreeChildren(s, root);
     FreeNode(s, root);

@@ -8,6 +8,7 @@
 #include "core/node_pool.h"
 #include "core/parse.h"
 #include "core/pieces.h"
+#include "present/display_form.h"
 #include "present/message_box.h"
 
 namespace tavimor {
@@ -357,6 +358,7 @@ Drawing LayOutText(Session& s, Layout& layout, const std::string& text) {
   try {
     s.Pool[root].Text = text;
     ParseTree(s, root);
+    PrepareForDisplay(s, root);
     layout.MeasureTree(root);
     d.width = s.Pool[root].Width;
     d.height = s.Pool[root].Height;

@@ -220,3 +220,36 @@ TEST_F(Typesetter, DeepTreesLayOutWithinThePool) {
 
 }  // namespace
 }  // namespace tavimor
+
+namespace tavimor {
+namespace {
+
+class DisplayForm : public SessionTest {
+ protected:
+  Drawing Expression(const std::string& text) { return DrawExpression(s, metrics, text).drawing; }
+  static int CountText(const Drawing& d, const std::string& text) {
+    return static_cast<int>(std::count_if(d.items.begin(), d.items.end(), [&](const DisplayItem& i) {
+      return i.kind == ItemKind::Text && i.text == text;
+    }));
+  }
+  FixedMetrics metrics;
+};
+
+TEST_F(DisplayForm, CoefficientOneAboveTheLineIsNotDrawn) {
+  const Drawing half = Expression("1/2*x");
+  const Drawing written = Expression("x/2");
+  EXPECT_EQ(CountText(half, "1"), 0);
+  EXPECT_FLOAT_EQ(half.width, written.width);
+  EXPECT_FLOAT_EQ(half.height, written.height);
+  const int nodes = s.Pool.NodesInUse;
+  Expression("-1/2*a*b/c");
+  EXPECT_EQ(s.Pool.NodesInUse, nodes);  // the drawing's own tree is given back whole
+}
+
+TEST_F(DisplayForm, OneThatIsTheWholeNumeratorIsDrawn) {
+  EXPECT_EQ(CountText(Expression("1/x"), "1"), 1);
+  EXPECT_EQ(CountText(Expression("1*x"), "1"), 1);  // no fraction: drawn as it is written
+}
+
+}  // namespace
+}  // namespace tavimor

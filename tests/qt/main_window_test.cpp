@@ -2,6 +2,7 @@
 // bar, the pacing button, message boxes, the work space's pixels, copying, export, screenshots.
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
@@ -180,6 +181,34 @@ class MainWindowTest : public QObject {
     });
     QTest::mouseClick(window_->Status(6), Qt::LeftButton);
     QCOMPARE(window_->Status(6)->text(), QStringLiteral("unknown = t "));
+  }
+
+  void EvaluateAsksForTheValuesInADialog() {
+    window_->EquationBox()->setEditText(QStringLiteral("x^2+y"));
+    window_->LoadTyped(false);
+    QStringList rows;
+    WhenModal([&rows](QWidget* modal) {
+      for (QLabel* label : modal->findChildren<QLabel*>()) rows << label->text();
+      modal->findChild<QLineEdit*>(QStringLiteral("value_x"))->setText(QStringLiteral("3"));
+      auto* y = modal->findChild<QLineEdit*>(QStringLiteral("value_y"));
+      y->setText(QStringLiteral("-1"));
+      QTest::keyClick(y, Qt::Key_Return);
+    });
+    QTest::mousePress(window_->Button("cmdEvaluate"), Qt::LeftButton);
+    rows.sort();
+    QCOMPARE(rows, QStringList({QStringLiteral("x ="), QStringLiteral("y =")}));
+    QVERIFY(window_->WorkSpace()->HiddenText().contains(
+        QStringLiteral("With x = 3; y = -1 the expression evaluates to @8@ .")));
+    // Cancel writes nothing; the suggestions are the values given last time.
+    QString suggested;
+    WhenModal([&suggested](QWidget* modal) {
+      suggested = modal->findChild<QLineEdit*>(QStringLiteral("value_x"))->text();
+      QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    const QString before = window_->WorkSpace()->HiddenText();
+    QTest::mousePress(window_->Button("cmdEvaluate"), Qt::LeftButton);
+    QCOMPARE(suggested, QStringLiteral("3"));
+    QCOMPARE(window_->WorkSpace()->HiddenText(), before);
   }
 
   void PacingButtonGoesOnWithEnterAndStopsWithEsc() {

@@ -1,0 +1,61 @@
+// The form a tree is drawn in: what the written text needs and a reader does not.
+#include "present/display_form.h"
+
+#include <vector>
+
+#include "core/node_pool.h"
+
+namespace tavimor {
+
+namespace {
+
+bool IsNumberOne(const ExprNode& node) {
+  return node.Kind == kKindNumber && node.FirstChild == kNoNode &&
+         (node.Text == "1" || node.Text == "-1");
+}
+
+// A product whose first factor is 1 or -1, with another numerator factor and a denominator.
+bool HasSilentOne(const Session& s, NodeIdx n) {
+  const NodeIdx first = s.Pool[n].FirstChild;
+  if (first == kNoNode || s.Pool[first].Role != kRoleNumerator || !IsNumberOne(s.Pool[first])) {
+    return false;
+  }
+  bool other = false;
+  bool below = false;
+  for (NodeIdx c = s.Pool[first].Next; c != kNoNode; c = s.Pool[c].Next) {
+    other = other || s.Pool[c].Role == kRoleNumerator;
+    below = below || s.Pool[c].Role == kRoleDenominator;
+  }
+  return other && below;
+}
+
+void DropSilentOne(Session& s, NodeIdx n) {
+  const NodeIdx first = s.Pool[n].FirstChild;
+  if (s.Pool[first].Text == "-1") {
+    s.Pool[first].Text = "-";  // the sign stays, as the pseudo factor of a unary minus
+    return;
+  }
+  const NodeIdx next = s.Pool[first].Next;
+  s.Pool[n].FirstChild = next;
+  s.Pool[next].Prev = kNoNode;
+  s.Pool[next].Parent = n;
+  s.Pool[first].Next = kNoNode;
+  s.Pool[first].Parent = kNoNode;
+  FreeNode(s, first);
+}
+
+}  // namespace
+
+void PrepareForDisplay(Session& s, NodeIdx root) {
+  std::vector<NodeIdx> pending{root};
+  WalkGuard guard;
+  while (!pending.empty()) {
+    guard.Step();
+    const NodeIdx n = pending.back();
+    pending.pop_back();
+    if (HasSilentOne(s, n)) DropSilentOne(s, n);
+    for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) pending.push_back(c);
+  }
+}
+
+}  // namespace tavimor
