@@ -232,11 +232,6 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     for (const std::string& word : words) {
       if (!RunWord(s, word, error)) return kExitUnknownCommand;
     }
-    for (const std::string& letter : frontend.MissingValues()) {
-      std::cerr << "tavimor-cli: evaluate needs a value for " << letter << ": give --values \""
-                << letter << "=...\".\n";
-      status = kExitUsage;
-    }
   }
   if (json) {
     if (status != kExitOk && !frontend.Messages().empty()) error = frontend.Messages().back();
@@ -249,6 +244,12 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       if (started) out << PrintableText(line) << '\n';
     }
     for (const std::string& hint : frontend.Hints()) out << "Hint: " << hint << '\n';
+  }
+  // A value evaluate asked for and nobody gave: a mistake on the command line.
+  for (const std::string& letter : frontend.MissingValues()) {
+    std::cerr << "tavimor-cli: evaluate needs a value for " << letter << ": give --values \""
+              << letter << "=...\".\n";
+    status = kExitUsage;
   }
   return status;
 }

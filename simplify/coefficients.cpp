@@ -17,6 +17,10 @@ double SnapToInteger(const Session& s, const std::string& text) {
 }
 
 std::string FormatValue(const Session& s, double value) {
+  // A whole number below 1E9 is written as its digits: the general form, without the work.
+  if (std::fabs(value) < 1e9 && value == std::nearbyint(value)) {
+    return std::to_string(static_cast<long long>(value));
+  }
   const std::string text = NormaliseNumberText(s, GeneralNumberFormat(value, s.Dp()));
   return text.empty() ? GeneralNumberFormat(value, s.Dp()) : text;
 }

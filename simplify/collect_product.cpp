@@ -91,7 +91,10 @@ double NumberOf(Session& s, const std::string& text) {
 }
 
 // A value cleaned by its round trip through number text.
-double Cleaned(Session& s, double value) { return SnapToInteger(s, FormatValue(s, value)); }
+double Cleaned(Session& s, double value) {
+  if (std::fabs(value) < 1e9 && value == std::nearbyint(value)) return value;  // already clean
+  return SnapToInteger(s, FormatValue(s, value));
+}
 
 // The exponent as it stands after a base: bracketed unless it is one plain quantity.
 std::string ExponentOperand(Session& s, const std::string& exponent) {

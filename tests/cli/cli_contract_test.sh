@@ -55,6 +55,12 @@ check "an equation is considered and drawn" 0 "Consider  the equation  2x + 3 = 
 check "a fraction is set in two dimensions" 0 "                         3
 Consider  the fraction  ───
                          4" "" "3/4"
+check "evaluate with the values given" 0 "Consider  the expression  x² + y
+With x = 3; y = -1 the expression evaluates to 8 ." "" --values "x=3; y=-1" "x^2+y" evaluate
+check "evaluate without a value is a usage mistake" 64 "Consider  the expression  x + 1" \
+  "tavimor-cli: evaluate needs a value for x: give --values \"x=...\"." "x+1" evaluate
+check "a bad --values is a usage mistake" 64 "" "tavimor-cli: --values needs SPEC such as \"x=2; y=3\".
+Try 'tavimor-cli --help'." --values "x 3" "x+1" evaluate
 check "a side of an equation and back" 0 "Consider  the equation  x = 1" "" "x=1" left equation
 check "a refused item exits 2 with its message" 2 "" \
   "Error in input string.  Unmatched brackets." "(x]"
