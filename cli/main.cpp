@@ -70,7 +70,8 @@ The tutor starts from the first-run options, never from saved settings, so that
 its output is the same on every machine.
 
 Exit status: 0 done (also when a command failed with its message), 1 file not saved,
-2 item or file refused, 3 unknown or unavailable command, 64 a mistake on the command line.
+2 item or file refused, 3 unknown or unavailable command, 64 a mistake on the command line
+(also a letter evaluate needs a value for that --values does not give).
 
 Commands:
 )";

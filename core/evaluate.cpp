@@ -7,6 +7,7 @@
 
 #include "core/node_pool.h"
 #include "core/number_format.h"
+#include "core/tree_walk.h"
 
 namespace tavimor {
 
@@ -137,36 +138,17 @@ void SetVarValue(Session& s, char letter, const NodeValue& value) {
 }
 
 void CollectVars(Session& s, NodeIdx n) {
-  const NodePool& pool = s.Pool;
-  WalkGuard guard;
-  NodeIdx cur = n;
-  for (;;) {
-    guard.Step();
-    const ExprNode& node = pool[cur];
-    if (node.Kind == kKindVariable && !node.Text.empty()) {
-      const char letter = node.Text[0];
-      bool known = false;
-      for (std::int16_t k = 0; k < s.SubstitutionCount && !known; ++k) {
-        known = s.SubstitutionVars[static_cast<std::size_t>(k)] == letter;
-      }
-      if (!known) {
-        s.SubstitutionVars.resize(static_cast<std::size_t>(s.SubstitutionCount) + 1);
-        s.SubstitutionVars[static_cast<std::size_t>(s.SubstitutionCount)] = letter;
-        ++s.SubstitutionCount;
-      }
+  ForEachNodeParentFirst(s, n, [&s](NodeIdx cur) {
+    const ExprNode& node = s.Pool[cur];
+    if (node.Kind != kKindVariable || node.Text.empty()) return;
+    const char letter = node.Text[0];
+    for (std::int16_t k = 0; k < s.SubstitutionCount; ++k) {
+      if (s.SubstitutionVars[static_cast<std::size_t>(k)] == letter) return;
     }
-    // Pre-order: down, else along, else up until a next sibling.
-    if (node.FirstChild != kNoNode) {
-      cur = node.FirstChild;
-      continue;
-    }
-    while (cur != n && pool[cur].Next == kNoNode) {
-      cur = ParentOf(s, cur);
-      guard.Step();
-    }
-    if (cur == n) return;
-    cur = pool[cur].Next;
-  }
+    s.SubstitutionVars.resize(static_cast<std::size_t>(s.SubstitutionCount) + 1);
+    s.SubstitutionVars[static_cast<std::size_t>(s.SubstitutionCount)] = letter;
+    ++s.SubstitutionCount;
+  });
 }
 
 NodeValue VarValue(const Session& s, char letter) {
@@ -195,24 +177,10 @@ double ValueAsNumber(const Session& s, const NodeValue& value) {
 }
 
 void LoadLeaves(Session& s, NodeIdx n) {
-  NodePool& pool = s.Pool;
-  WalkGuard guard;
-  NodeIdx cur = n;
-  for (;;) {
-    guard.Step();
-    ExprNode& node = pool[cur];
-    if (node.FirstChild != kNoNode) {
-      cur = node.FirstChild;
-      continue;
-    }
-    LoadLeaf(s, node);
-    while (cur != n && pool[cur].Next == kNoNode) {
-      cur = ParentOf(s, cur);
-      guard.Step();
-    }
-    if (cur == n) return;
-    cur = pool[cur].Next;
-  }
+  ForEachNodeParentFirst(s, n, [&s](NodeIdx cur) {
+    ExprNode& node = s.Pool[cur];
+    if (node.FirstChild == kNoNode) LoadLeaf(s, node);
+  });
 }
 
 void EvaluateNode(Session& s, NodeIdx n) {
@@ -265,25 +233,8 @@ void EvaluateNode(Session& s, NodeIdx n) {
 }
 
 void EvaluateAll(Session& s, NodeIdx n) {
-  NodePool& pool = s.Pool;
   LoadLeaves(s, n);
-  NodeIdx cur = pool[n].FirstChild;
-  WalkGuard guard;
-  while (cur != kNoNode) {
-    guard.Step();
-    if (pool[cur].FirstChild != kNoNode) {
-      cur = pool[cur].FirstChild;
-      continue;
-    }
-    while (pool[cur].Next == kNoNode) {
-      const NodeIdx parent = ParentOf(s, cur);
-      EvaluateNode(s, parent);
-      if (parent == n) return;
-      cur = parent;
-      guard.Step();
-    }
-    cur = pool[cur].Next;
-  }
+  ForEachInnerNodeChildrenFirst(s, n, [&s](NodeIdx inner) { EvaluateNode(s, inner); });
 }
 
 }  // namespace tavimor

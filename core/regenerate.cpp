@@ -2,30 +2,13 @@
 #include "core/regenerate.h"
 
 #include "core/node_pool.h"
+#include "core/tree_walk.h"
 #include "present/message_box.h"
 
 namespace tavimor {
 
 void RegenerateAll(Session& s, NodeIdx n) {
-  NodePool& pool = s.Pool;
-  NodeIdx cur = pool[n].FirstChild;
-  WalkGuard guard;
-  while (cur != kNoNode) {
-    guard.Step();
-    if (pool[cur].FirstChild != kNoNode) {
-      cur = pool[cur].FirstChild;
-      continue;
-    }
-    // At the last sibling of a family: its parent is complete.
-    while (pool[cur].Next == kNoNode) {
-      const NodeIdx parent = ParentOf(s, cur);
-      RegenerateOne(s, parent);
-      if (parent == n) return;
-      cur = parent;
-      guard.Step();
-    }
-    cur = pool[cur].Next;
-  }
+  ForEachInnerNodeChildrenFirst(s, n, [&s](NodeIdx inner) { RegenerateOne(s, inner); });
 }
 
 void RegenerateOne(Session& s, NodeIdx n) {

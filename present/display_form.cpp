@@ -1,9 +1,8 @@
 // The form a tree is drawn in: what the written text needs and a reader does not.
 #include "present/display_form.h"
 
-#include <vector>
-
 #include "core/node_pool.h"
+#include "core/tree_walk.h"
 
 namespace tavimor {
 
@@ -47,15 +46,10 @@ void DropSilentOne(Session& s, NodeIdx n) {
 }  // namespace
 
 void PrepareForDisplay(Session& s, NodeIdx root) {
-  std::vector<NodeIdx> pending{root};
-  WalkGuard guard;
-  while (!pending.empty()) {
-    guard.Step();
-    const NodeIdx n = pending.back();
-    pending.pop_back();
+  // A node is prepared before the walk goes down to its children.
+  ForEachNodeParentFirst(s, root, [&s](NodeIdx n) {
     if (HasSilentOne(s, n)) DropSilentOne(s, n);
-    for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) pending.push_back(c);
-  }
+  });
 }
 
 }  // namespace tavimor

@@ -6,29 +6,12 @@
 #include "simplify/power_rules.h"
 #include "simplify/radical_rules.h"
 #include "simplify/simplify_driver.h"
-#include "support/session_fixture.h"
+#include "support/simplify_fixture.h"
 
 namespace tavimor {
 namespace {
 
-class Powers : public SessionTest {
- protected:
-  std::string Run(const std::string& text) {
-    NodeIdx root = Load(text);
-    s.DetailNow = 0;
-    result = SimplifyTree(s, root, level);
-    return N(root).Text;
-  }
-  std::string OnePass(const std::string& text, int pass) {
-    NodeIdx root = Load(text);
-    fired = ApplyPassToTree(s, pass, root);
-    RegenerateAll(s, root);
-    return N(root).Text;
-  }
-  int level = -1;
-  bool result = false;
-  bool fired = false;
-};
+using Powers = SimplifyTest;
 
 TEST_F(Powers, OneToAnyPowerIsOne) {
   EXPECT_EQ(OnePass("1^x", 6), "1");

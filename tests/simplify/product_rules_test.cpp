@@ -6,31 +6,12 @@
 #include "core/regenerate.h"
 #include "simplify/collect_product.h"
 #include "simplify/simplify_driver.h"
-#include "support/session_fixture.h"
+#include "support/simplify_fixture.h"
 
 namespace tavimor {
 namespace {
 
-class Products : public SessionTest {
- protected:
-  // Simplifies a text silently; the message of the last rule that fired stays in Message.
-  std::string Run(const std::string& text) {
-    NodeIdx root = Load(text);
-    s.DetailNow = 0;
-    result = SimplifyTree(s, root, level);
-    return N(root).Text;
-  }
-  // The first firing of a pass over the text's tree, and the message it left.
-  std::string OnePass(const std::string& text, int pass) {
-    NodeIdx root = Load(text);
-    fired = ApplyPassToTree(s, pass, root);
-    RegenerateAll(s, root);
-    return N(root).Text;
-  }
-  int level = -1;
-  bool result = false;
-  bool fired = false;
-};
+using Products = SimplifyTest;
 
 TEST_F(Products, FactorOfZeroReplacesTheExpressionByZero) {
   EXPECT_EQ(OnePass("x*0", 4), "0");
@@ -116,7 +97,8 @@ TEST_F(Products, HelpNumberFollowsTheBitsOfWhatWasDone) {
 TEST_F(Products, FactorsSortNumbersLettersBracketsPowersOfPowersFunctions) {
   const NodeIdx n = Load("sin(x)*x^2^3*(x+1)*y*x*2^x*3/5*2");
   std::vector<std::string> keys;
-  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) keys.push_back(FactorSortKey(s, c));
+  for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next)
+    keys.push_back(FactorSortKey(s, c));
   EXPECT_EQ(keys[0], "Esin(x)1");
   EXPECT_EQ(keys[1], "Dx^21");
   EXPECT_EQ(keys[2], "C(x+1)1");

@@ -50,60 +50,66 @@ class SumGenerator {
   std::mt19937 random_;
 };
 
+// Runs Simplify on the text with the options as they are, checking the value at three points,
+// the end of the loop and that a second run finds nothing; an arithmetic error only where the
+// value is truly undefined. Counts the values checked.
+void CheckItem(Session& s, const std::string& text, std::mt19937& points, int& checked) {
+  std::uniform_real_distribution<double> value(0.3, 2.7);
+  InitNodePool(s);
+  s.RewriteCount = 0;
+  NodeIdx root = NewNode(s);
+  std::string simplified;
+  try {
+    LoadSide(s, root, text);
+    int level = 0;
+    SimplifyTree(s, root, level);
+    simplified = s.Pool[root].Text;
+    EXPECT_FALSE(SimplifyTree(s, root, level)) << text << " -> " << simplified;
+    EXPECT_EQ(s.Pool[root].Text, simplified) << text;
+  } catch (const AppError& error) {
+    NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
+    InitNodePool(s);
+    const double undefined = at.Of(text);
+    EXPECT_TRUE(!std::isfinite(undefined) || at.met_undefined) << text << ": " << error.what();
+    return;
+  } catch (const RunTimeError& error) {
+    if (error.Number() == RunTimeErrorNumber::DivisionByZero) {
+      NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
+      InitNodePool(s);
+      const double undefined = at.Of(text);
+      EXPECT_TRUE(!std::isfinite(undefined) || at.met_undefined) << text << ": division by zero";
+      return;
+    }
+    // Only the pool may run out on a large item; the loop itself always ends.
+    EXPECT_NE(error.Number(), RunTimeErrorNumber::Overflow) << text << ": " << error.what();
+    EXPECT_LT(s.RewriteCount, 5000) << text;
+    return;
+  }
+  for (int k = 0; k < 3; ++k) {
+    NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
+    InitNodePool(s);
+    const double before = at.Of(text);
+    if (!std::isfinite(before)) continue;
+    const double after = at.Of(simplified);
+    EXPECT_NEAR(after, before, 1e-9 * std::max(1.0, std::fabs(before)))
+        << text << " -> " << simplified;
+    ++checked;
+  }
+}
+
 TEST(SimplifyProperty, ValueStaysTheLoopEndsAndASecondRunFindsNothing) {
   RecordingFrontend frontend;
   Session s(frontend);
   InitFunctionTable(s);
   SumGenerator generator(20261121);
   std::mt19937 points(5);
-  std::uniform_real_distribution<double> value(0.3, 2.7);
   int checked = 0;
   int accepted = 0;
   for (int i = 0; i < 2000; ++i) {
     std::string text = generator.Sum(2);
     if (ValidateInput(s, text) != 0) continue;  // as the OK button would refuse it
     ++accepted;
-    InitNodePool(s);
-    s.RewriteCount = 0;
-    NodeIdx root = NewNode(s);
-    std::string simplified;
-    try {
-      LoadSide(s, root, text);
-      int level = 0;
-      SimplifyTree(s, root, level);
-      simplified = s.Pool[root].Text;
-      // A second run finds nothing to do.
-      EXPECT_FALSE(SimplifyTree(s, root, level)) << text << " -> " << simplified;
-      EXPECT_EQ(s.Pool[root].Text, simplified) << text;
-    } catch (const AppError& error) {
-      // 0/0 and the like: only where the value is truly undefined.
-      NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
-      InitNodePool(s);
-      const double undefined = at.Of(text);
-      EXPECT_TRUE(!std::isfinite(undefined) || at.met_undefined) << text << ": " << error.what();
-      continue;
-    } catch (const RunTimeError& error) {
-      if (error.Number() == RunTimeErrorNumber::DivisionByZero) {
-        NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
-        InitNodePool(s);
-        const double undefined = at.Of(text);
-        EXPECT_TRUE(!std::isfinite(undefined) || at.met_undefined) << text << ": division by zero";
-        continue;
-      }
-      // Only the pool may run out on a large item; the loop itself always ends.
-      EXPECT_LT(s.RewriteCount, 5000) << text;
-      continue;
-    }
-    for (int k = 0; k < 3; ++k) {
-      NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
-      InitNodePool(s);
-      const double before = at.Of(text);
-      const double after = at.Of(simplified);
-      if (!std::isfinite(before)) continue;
-      EXPECT_NEAR(after, before, 1e-9 * std::max(1.0, std::fabs(before)))
-          << text << " -> " << simplified;
-      ++checked;
-    }
+    CheckItem(s, text, points, checked);
   }
   EXPECT_GT(accepted, 1000);
   EXPECT_GT(checked, 2000);
@@ -158,44 +164,6 @@ class PowerGenerator {
   std::mt19937 random_;
 };
 
-// Runs Simplify on the text with the options as they are, checking the value at three points,
-// the end of the loop and that a second run finds nothing. Counts the values checked.
-void CheckPowerItem(Session& s, const std::string& text, std::mt19937& points, int& checked) {
-  std::uniform_real_distribution<double> value(0.3, 2.7);
-  InitNodePool(s);
-  s.RewriteCount = 0;
-  NodeIdx root = NewNode(s);
-  std::string simplified;
-  try {
-    LoadSide(s, root, text);
-    int level = 0;
-    SimplifyTree(s, root, level);
-    simplified = s.Pool[root].Text;
-    EXPECT_FALSE(SimplifyTree(s, root, level)) << text << " -> " << simplified;
-    EXPECT_EQ(s.Pool[root].Text, simplified) << text;
-  } catch (const AppError& error) {
-    NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
-    InitNodePool(s);
-    const double undefined = at.Of(text);
-    EXPECT_TRUE(!std::isfinite(undefined) || at.met_undefined) << text << ": " << error.what();
-    return;
-  } catch (const RunTimeError& error) {
-    EXPECT_NE(error.Number(), RunTimeErrorNumber::Overflow) << text << ": " << error.what();
-    EXPECT_LT(s.RewriteCount, 5000) << text;
-    return;
-  }
-  for (int k = 0; k < 3; ++k) {
-    NumericValue at(s, {{'x', value(points)}, {'y', value(points)}, {'z', value(points)}});
-    InitNodePool(s);
-    const double before = at.Of(text);
-    if (!std::isfinite(before)) continue;
-    const double after = at.Of(simplified);
-    EXPECT_NEAR(after, before, 1e-9 * std::max(1.0, std::fabs(before)))
-        << text << " -> " << simplified;
-    ++checked;
-  }
-}
-
 TEST(SimplifyProperty, ProductsPowersAndRadicalsKeepTheirValueUnderEveryFormOption) {
   RecordingFrontend frontend;
   Session s(frontend);
@@ -213,7 +181,7 @@ TEST(SimplifyProperty, ProductsPowersAndRadicalsKeepTheirValueUnderEveryFormOpti
     s.ExponentToRadical = (i & 2) == 0;
     s.ExactToFloat = (i & 4) != 0;
     s.ExponentToExponentialFunction = (i & 8) != 0;
-    CheckPowerItem(s, text, points, checked);
+    CheckItem(s, text, points, checked);
   }
   EXPECT_GT(accepted, 1000);
   EXPECT_GT(checked, 2500);
