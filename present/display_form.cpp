@@ -43,12 +43,32 @@ void DropSilentOne(Session& s, NodeIdx n) {
   FreeNode(s, first);
 }
 
+// The base of a power that is itself a power goes into a bracket of its own.
+void BracketPowerBase(Session& s, NodeIdx n) {
+  if (s.Pool[n].Kind != kKindPower) return;
+  const NodeIdx exponent = s.Pool[n].FirstChild;
+  const NodeIdx base = s.Pool[exponent].Next;
+  if (base == kNoNode || s.Pool[base].Kind != kKindPower) return;
+  const NodeIdx bracket = NewNode(s);
+  ExprNode& b = s.Pool[bracket];
+  b.Kind = kKindBracket;
+  b.Role = kRoleBase;
+  b.Text = "(" + s.Pool[base].Text + ")";
+  b.FirstChild = base;
+  b.Prev = exponent;
+  s.Pool[exponent].Next = bracket;
+  s.Pool[base].Role = kRoleNone;
+  s.Pool[base].Prev = kNoNode;
+  s.Pool[base].Parent = bracket;
+}
+
 }  // namespace
 
 void PrepareForDisplay(Session& s, NodeIdx root) {
   // A node is prepared before the walk goes down to its children.
   ForEachNodeParentFirst(s, root, [&s](NodeIdx n) {
     if (HasSilentOne(s, n)) DropSilentOne(s, n);
+    BracketPowerBase(s, n);
   });
 }
 

@@ -167,7 +167,9 @@ bool BracketRule(Session& s, NodeIdx& slot) {
   if (child_role == kRoleNone) {
     if (signed_content) return false;
     if (node.Role == kRoleExponent && s.Pool[c].Kind == kKindPower) return false;
-    const bool silent = IsSoleFactor(s, n) || node.Role == kRoleExponent;
+    // A power as the base of a power keeps its brackets in the drawing: nothing to tell.
+    const bool silent = IsSoleFactor(s, n) || node.Role == kRoleExponent ||
+                        (node.Role == kRoleBase && s.Pool[c].Kind == kKindPower);
     MoveUp(s, n, c);
     s.Message = silent ? std::string(kSkipMessage)
                        : "3#The brackets around a single quantity like @" + old_text +

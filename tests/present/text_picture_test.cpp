@@ -27,5 +27,13 @@ TEST_F(TextPictureTest, CoefficientOneAboveTheLineIsNotSet) {
   EXPECT_EQ(Rows("1/x"), (std::vector<std::string>{" 1 ", "───", " x "}));
 }
 
+TEST_F(TextPictureTest, PowerOfAPowerHasItsBaseInBrackets) {
+  EXPECT_EQ(Rows("x^2^3"), Rows("(x^2)^3"));
+  EXPECT_EQ(Rows("x^2^3"), (std::vector<std::string>{"(x²)³"}));
+  const int nodes = s.Pool.NodesInUse;
+  Rows("x^2^3^4");
+  EXPECT_EQ(s.Pool.NodesInUse, nodes);
+}
+
 }  // namespace
 }  // namespace tavimor

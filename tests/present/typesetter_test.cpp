@@ -228,9 +228,9 @@ class DisplayForm : public SessionTest {
  protected:
   Drawing Expression(const std::string& text) { return DrawExpression(s, metrics, text).drawing; }
   static int CountText(const Drawing& d, const std::string& text) {
-    return static_cast<int>(std::count_if(d.items.begin(), d.items.end(), [&](const DisplayItem& i) {
-      return i.kind == ItemKind::Text && i.text == text;
-    }));
+    return static_cast<int>(std::count_if(
+        d.items.begin(), d.items.end(),
+        [&](const DisplayItem& i) { return i.kind == ItemKind::Text && i.text == text; }));
   }
   FixedMetrics metrics;
 };
@@ -244,6 +244,14 @@ TEST_F(DisplayForm, CoefficientOneAboveTheLineIsNotDrawn) {
   const int nodes = s.Pool.NodesInUse;
   Expression("-1/2*a*b/c");
   EXPECT_EQ(s.Pool.NodesInUse, nodes);  // the drawing's own tree is given back whole
+}
+
+TEST_F(DisplayForm, PowerOfAPowerIsDrawnWithItsBaseInBrackets) {
+  const Drawing chained = Expression("x^2^3");
+  const Drawing bracketed = Expression("(x^2)^3");
+  EXPECT_FLOAT_EQ(chained.width, bracketed.width);
+  EXPECT_FLOAT_EQ(chained.height, bracketed.height);
+  EXPECT_EQ(chained.items.size(), bracketed.items.size());
 }
 
 TEST_F(DisplayForm, OneThatIsTheWholeNumeratorIsDrawn) {
