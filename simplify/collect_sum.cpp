@@ -42,6 +42,14 @@ std::string SumText(const ExprNode& node) {
   return node.Text;
 }
 
+// The rank of a power with a number exponent n: 50 - n, at least 20; a very negative exponent
+// ranks with the numbers' neighbours instead of beyond the range of an int.
+int PowerRank(double n) {
+  const double rank = std::nearbyint(50.0 - n);
+  if (!(rank < 1e6)) return 1000000;  // also a NaN exponent
+  return static_cast<int>(std::max(20.0, rank));
+}
+
 std::string SignedText(const Session& s, NodeIdx term) {
   return std::string(s.Pool[term].Role == kRoleMinus ? "-" : "+") + s.Pool[term].Text;
 }
@@ -95,12 +103,9 @@ int TermRank(Session& s, NodeIdx term, int depth) {
     // A number leaf is its own value; anything else is simplified to find out.
     if (exponent_node.Kind == kKindNumber && exponent_node.FirstChild == kNoNode &&
         exponent != "-" && exponent != "+") {
-      return static_cast<int>(std::max(20.0, std::nearbyint(50.0 - SafeValue(s, exponent))));
+      return PowerRank(SafeValue(s, exponent));
     }
-    if (IsNumericText(s, exponent)) {
-      const double n = SafeValue(s, SimplifyText(s, exponent));
-      return static_cast<int>(std::max(20.0, std::nearbyint(50.0 - n)));
-    }
+    if (IsNumericText(s, exponent)) return PowerRank(SafeValue(s, SimplifyText(s, exponent)));
     return 19;
   }
   if (node.Kind == kKindFunction) {

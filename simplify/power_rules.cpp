@@ -225,7 +225,7 @@ bool NumericPower(Session& s, const Power& w, Outcome& out) {
   }
   // A negative exponent that is no whole number: 1 over an exact root.
   const int k = DenominatorOf(n);
-  if (k <= 0) return false;
+  if (k <= 0 || std::fabs(n) > 1e6) return false;
   const long m = std::lround(std::fabs(n) * k);
   if (a < 0.0 && k % 2 == 0) return false;
   const double value = std::pow(std::fabs(a), std::fabs(n));

@@ -381,6 +381,12 @@ TEST_F(Simplify, SumInHouseFormIsLeftAlone) {
   EXPECT_FALSE(CollectSum(s, root));
 }
 
+TEST_F(Simplify, PowerWithAHugeNegativeExponentRanksWithoutOverflow) {
+  EXPECT_EQ(TermRank(s, Load("x^(-1E20)"), 1), 1000000);
+  EXPECT_EQ(TermRank(s, Load("x^(-60)"), 1), 110);
+  EXPECT_EQ(Run("x^(-1E20)*y+x^2"), "x^2+y/x^1E20");
+}
+
 TEST_F(Simplify, TermRanks) {
   EXPECT_EQ(TermRank(s, Load("7"), 1), 99);
   EXPECT_EQ(TermRank(s, Load("(a+b)"), 1), 98);
