@@ -49,7 +49,7 @@ Options:
                     Flags take True or False; numbers must lie in the range the
                     options dialog offers. May be given more than once.
   --decimal-comma   Numbers are written with "," as the decimal separator.
-  --values SPEC     The values evaluate puts in for the letters, as "x=2; y=-1/2";
+  --values LIST     The values evaluate puts in for the letters, as "x=2; y=-1/2";
                     a letter without one is asked for in the interactive tutor, and
                     elsewhere ends evaluate with a note on standard error (status 64).
   --file PATH       Opens an algebra file before the item is loaded, as Open does, so
@@ -89,11 +89,11 @@ struct CliOptions {
 };
 
 // "x=2; y=-3" as pairs of a letter and its value; false for a part that is no "letter=value".
-bool ParseValues(const std::string& spec, std::vector<std::pair<std::string, std::string>>& out) {
+bool ParseValues(const std::string& list, std::vector<std::pair<std::string, std::string>>& out) {
   std::size_t start = 0;
-  while (start <= spec.size()) {
-    const std::size_t end = std::min(spec.find(';', start), spec.size());
-    std::string part = spec.substr(start, end - start);
+  while (start <= list.size()) {
+    const std::size_t end = std::min(list.find(';', start), list.size());
+    std::string part = list.substr(start, end - start);
     RemoveSpaces(part);
     start = end + 1;
     if (part.empty()) continue;
@@ -403,7 +403,7 @@ int Main(int argc, char** argv) {
     }
     if (arg == "--values") {
       if (++i >= all.size() || !ParseValues(all[i], options.values)) {
-        return Usage("--values needs SPEC such as \"x=2; y=3\".");
+        return Usage("--values needs a LIST such as \"x=2; y=3\".");
       }
       continue;
     }

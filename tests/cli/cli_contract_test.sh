@@ -59,7 +59,7 @@ check "evaluate with the values given" 0 "Consider  the expression  x² + y
 With x = 3; y = -1 the expression evaluates to 8 ." "" --values "x=3; y=-1" "x^2+y" evaluate
 check "evaluate without a value is a usage mistake" 64 "Consider  the expression  x + 1" \
   "tavimor-cli: evaluate needs a value for x: give --values \"x=...\"." "x+1" evaluate
-check "a bad --values is a usage mistake" 64 "" "tavimor-cli: --values needs SPEC such as \"x=2; y=3\".
+check "a bad --values is a usage mistake" 64 "" "tavimor-cli: --values needs a LIST such as \"x=2; y=3\".
 Try 'tavimor-cli --help'." --values "x 3" "x+1" evaluate
 check "a side of an equation and back" 0 "Consider  the equation  x = 1" "" "x=1" left equation
 check "a refused item exits 2 with its message" 2 "" \
