@@ -91,6 +91,12 @@ NodeIdx ParentOf(const Session& s, NodeIdx n) {
   return s.Pool[n].Parent;
 }
 
+NodeIdx& SlotOf(Session& s, NodeIdx n) {
+  const NodeIdx prev = s.Pool[n].Prev;
+  if (prev != kNoNode) return s.Pool[prev].Next;
+  return s.Pool[s.Pool[n].Parent].FirstChild;
+}
+
 namespace {
 
 int CountBelow(const Session& s, NodeIdx n, bool recursive, int depth) {

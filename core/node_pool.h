@@ -19,6 +19,9 @@ void FreeNode(Session& s, NodeIdx n);
 void FreeChildren(Session& s, NodeIdx n);
 // Walks Prev to the first sibling and reads its Parent; 0 for a root.
 NodeIdx ParentOf(const Session& s, NodeIdx n);
+// The link that holds a node that is not a root: its previous sibling's Next, or its parent's
+// FirstChild. Rules take a node by this slot, since they may put another node there.
+NodeIdx& SlotOf(Session& s, NodeIdx n);
 // The number of children, or with `recursive` of all descendants.
 std::int16_t CountChildren(const Session& s, NodeIdx n, bool recursive);
 // Appends `child` as the last child of `parent`, keeping Parent on the first child only.

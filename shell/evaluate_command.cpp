@@ -40,14 +40,6 @@ std::string SideWords(const Session& s) {
   return "expression evaluates to ";
 }
 
-// The slot that holds a node: its previous sibling's Next, or its parent's FirstChild.
-NodeIdx& SlotOf(Session& s, NodeIdx n, NodeIdx root, NodeIdx& root_slot) {
-  if (n == root) return root_slot;
-  const NodeIdx prev = s.Pool[n].Prev;
-  if (prev != kNoNode) return s.Pool[prev].Next;
-  return s.Pool[s.Pool[n].Parent].FirstChild;
-}
-
 // The value of a side that the simplify loop left with a function it has no rule for yet.
 std::string Evaluated(Session& s, NodeIdx side) {
   EvaluateAll(s, side);
@@ -102,8 +94,7 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
   }
   NodeIdx root = side;
   for (const auto& [n, value] : replacements) {
-    NodeIdx& slot = SlotOf(s, n, side, root);
-    ReplaceNodeContents(s, slot, value, true);
+    ReplaceNodeContents(s, n == side ? root : SlotOf(s, n), value, true);
   }
   RegenerateAll(s, root);
   const std::string before = s.Pool[root].Text;

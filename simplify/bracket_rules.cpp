@@ -312,6 +312,11 @@ void ReplaceNodeContents(Session& s, NodeIdx& slot, const std::string& text, boo
   s.HelpNumber = help;
 }
 
+void RewriteNode(Session& s, NodeIdx& slot, const std::string& text, const std::string& message) {
+  ReplaceNodeContents(s, slot, text, true);
+  s.Message = message;
+}
+
 bool RemoveOneBracket(Session& s, NodeIdx& root) { return ApplyPassToTree(s, 1, root); }
 
 }  // namespace tavimor

@@ -25,6 +25,9 @@ bool DropPlusOnNumber(Session& s, NodeIdx& slot);
 // that the brackets just written do not show.
 void ReplaceNodeContents(Session& s, NodeIdx& slot, const std::string& text, bool simplify);
 
+// The common tail of a rule: the flagged ReplaceNodeContents, then the rule's message.
+void RewriteNode(Session& s, NodeIdx& slot, const std::string& text, const std::string& message);
+
 // Applies the bracket rule over the inner nodes of a tree, children first, until one fires.
 bool RemoveOneBracket(Session& s, NodeIdx& root);
 

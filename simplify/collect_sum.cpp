@@ -11,6 +11,7 @@
 #include "manipulate/reduce_fraction.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
+#include "simplify/factor_texts.h"
 #include "simplify/simplify_driver.h"
 #include "simplify/step_parts.h"
 
@@ -29,18 +30,6 @@ struct Entry {
   NodeIdx node = kNoNode;
   std::string text;  // the term with its sign, as written before
 };
-
-// The text of the sum itself: without the brackets or the function name around it.
-std::string SumText(const ExprNode& node) {
-  if (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) {
-    return node.Text.substr(1, node.Text.size() - 2);
-  }
-  if (node.Kind == kKindFunction) {
-    const std::size_t open = node.Text.find('(');
-    return node.Text.substr(open + 1, node.Text.size() - open - 2);
-  }
-  return node.Text;
-}
 
 // The rank of a power with a number exponent n: 50 - n, at least 20; a very negative exponent
 // ranks with the numbers' neighbours instead of beyond the range of an int.
@@ -129,7 +118,7 @@ bool CollectSum(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
   const NodeIdx first = s.Pool[n].FirstChild;
   if (first == kNoNode || !IsSumRole(s.Pool[first].Role)) return false;
-  const std::string old_text = SumText(s.Pool[n]);
+  const std::string old_text = ContentText(s.Pool[n]);
   const int count = CountChildren(s, n, false);
   // 1. The terms, zero terms dropped, and the heading word.
   std::vector<Entry> entries;

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "core/errors.h"
+#include "core/evaluate.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/temp_tree.h"
@@ -127,13 +128,6 @@ bool PowerOfExp(Session& s, const Power& w, Outcome& out) {
   return true;
 }
 
-// Letters that are constants under the options.
-bool IsConstantLetter(const Session& s, char c) {
-  return (c == 'i' && s.ComplexForm == 1) || (c == 'j' && s.ComplexForm == 2) ||
-         (c == 'e' && s.SpecialE) || (c == 'p' && s.SpecialP) ||
-         (c == 'd' && s.SpecialD && !s.Degrees);
-}
-
 bool HasOtherLetter(const Session& s, const std::string& text) {
   for (std::size_t k = 0; k < text.size(); ++k) {
     if (!IsAsciiLetter(text[k])) continue;
@@ -144,7 +138,7 @@ bool HasOtherLetter(const Session& s, const std::string& text) {
       k = end;
       continue;
     }
-    if (!IsConstantLetter(s, text[k])) return true;
+    if (!IsConstantVar(s, text[k])) return true;
   }
   return false;
 }

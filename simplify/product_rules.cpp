@@ -55,11 +55,6 @@ int CountContentFactors(const Session& s, NodeIdx n) {
   return count;
 }
 
-void Rewrite(Session& s, NodeIdx& slot, const std::string& text, const std::string& message) {
-  ReplaceNodeContents(s, slot, text, true);
-  s.Message = message;
-}
-
 }  // namespace
 
 // -(-x) -> x: signs of the factors gathered into one sign at the front (help 15).
@@ -139,7 +134,7 @@ bool CollapseProductSigns(Session& s, NodeIdx& slot) {
     message = kSkipMessage;  // only a plus in front of a number
   }
   node.Role = role;
-  Rewrite(s, slot, text, message);
+  RewriteNode(s, slot, text, message);
   return true;
 }
 
@@ -160,8 +155,8 @@ bool DropProductBrackets(Session& s, NodeIdx& slot) {
   }
   if (!dropped) return false;
   const std::string old_text = ContentText(s.Pool[n]);
-  Rewrite(s, slot, texts.Joined(),
-          "16#Simplify the term @" + old_text + "@ by dropping the brackets.");
+  RewriteNode(s, slot, texts.Joined(),
+              "16#Simplify the term @" + old_text + "@ by dropping the brackets.");
   return true;
 }
 
@@ -184,7 +179,7 @@ bool DivideByFraction(Session& s, NodeIdx& slot) {
   }
   if (parts.size() == 1) return false;
   AddStepPart(parts, "The result is:");
-  Rewrite(s, slot, texts.Joined(), "17#" + JoinStepParts(parts));
+  RewriteNode(s, slot, texts.Joined(), "17#" + JoinStepParts(parts));
   return true;
 }
 
@@ -211,7 +206,7 @@ bool MultiplyFractions(Session& s, NodeIdx& slot) {
   AddStepPart(parts, "Simplify the term @" + old_text + "@ by:|");
   AddStepPart(parts, "multiplying the fractions @" + old_text + "->" + text + "@ .|");
   AddStepPart(parts, "The result is:");
-  Rewrite(s, slot, text, "18#" + JoinStepParts(parts));
+  RewriteNode(s, slot, text, "18#" + JoinStepParts(parts));
   return true;
 }
 

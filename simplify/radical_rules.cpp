@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/errors.h"
+#include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/regenerate.h"
@@ -25,16 +26,11 @@ std::string Converted(const std::string& help, const std::string& old_text,
   return help + "#Convert to the equivalent form: @" + old_text + "->" + new_text + "@ .";
 }
 
-void Rewrite(Session& s, NodeIdx& slot, const std::string& text, const std::string& message) {
-  ReplaceNodeContents(s, slot, text, true);
-  s.Message = message;
-}
-
 // A function node becomes the plain quantity its rule wrote.
 void RewriteFunction(Session& s, NodeIdx& slot, const std::string& text,
                      const std::string& message) {
   s.Pool[slot].Kind = kKindSumOrProduct;
-  Rewrite(s, slot, text, message);
+  RewriteNode(s, slot, text, message);
 }
 
 bool IsSquareRoot(const ExprNode& node) { return IsFunctionNamed(node, "sqrt"); }
@@ -71,12 +67,12 @@ bool ExponentialForm(Session& s, NodeIdx& slot) {
       const std::string new_text = "exp(" + negated + ")";
       s.Pool[slot].Role = kRoleNumerator;
       s.Pool[slot].Kind = kKindSumOrProduct;
-      Rewrite(s, slot, new_text, Converted("19", "1/" + old_text, new_text));
+      RewriteNode(s, slot, new_text, Converted("19", "1/" + old_text, new_text));
       return true;
     }
     const std::string new_text = "exp(" + x + ")";
     s.Pool[slot].Kind = kKindSumOrProduct;
-    Rewrite(s, slot, new_text, Converted("19", old_text, new_text));
+    RewriteNode(s, slot, new_text, Converted("19", old_text, new_text));
     return true;
   }
   if (!IsFunctionNamed(node, "exp")) return false;
@@ -98,7 +94,7 @@ bool RadicalForm(Session& s, NodeIdx& slot) {
     const bool half = e.Text == "(1/2)" || (IsNumberLeaf(e) && SafeValue(s, e.Text) == 0.5);
     if (!half) return false;
     const std::string new_text = "sqrt(" + NormalisedText(s, e.Next) + ")";
-    Rewrite(s, slot, new_text, Converted("20", old_text, new_text));
+    RewriteNode(s, slot, new_text, Converted("20", old_text, new_text));
     return true;
   }
   if (!IsSquareRoot(node)) return false;
@@ -243,7 +239,7 @@ bool Rationalise(Session& s, NodeIdx& slot) {
     std::string text = ContentText(s.Pool[n]) + (x[0] == '-' ? "/(" + x + ")" : "/" + x);
     if (text.rfind("1*", 0) == 0) text.erase(0, 2);
     if (text.rfind("-1*", 0) == 0) text.erase(1, 2);
-    Rewrite(s, slot, text, "93#Simplify by rationalizing the denominator.");
+    RewriteNode(s, slot, text, "93#Simplify by rationalizing the denominator.");
     return true;
   }
   return false;
@@ -269,7 +265,7 @@ bool CombineSquareRoots(Session& s, NodeIdx& slot) {
         const std::string text = f == c ? "sqrt(" + std::to_string(product) + ")" : s.Pool[f].Text;
         (s.Pool[f].Role == kRoleDenominator ? down : up).push_back(text);
       }
-      Rewrite(s, slot, JoinFactors(up, down), "95#Simplify by combining the square roots.");
+      RewriteNode(s, slot, JoinFactors(up, down), "95#Simplify by combining the square roots.");
       return true;
     }
   }
@@ -295,8 +291,7 @@ bool RadicalToExponent(Session& s, NodeIdx& slot) {
     }
     if (!shared) continue;
     const std::string old_text = factor.Text;
-    const NodeIdx prev = s.Pool[c].Prev;
-    NodeIdx& where = prev != kNoNode ? s.Pool[prev].Next : s.Pool[n].FirstChild;
+    NodeIdx& where = SlotOf(s, c);
     s.Pool[where].Kind = kKindSumOrProduct;
     ReplaceNodeContents(s, where, as_base + "^(1/2)", true);
     s.Message = "265#The radical @" + old_text +

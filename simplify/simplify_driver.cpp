@@ -66,13 +66,6 @@ bool Matches(const Session& s, NodeIdx n, Where where) {
   return false;
 }
 
-// The slot that holds a node: its previous sibling's Next, or its parent's FirstChild.
-NodeIdx& SlotOf(Session& s, NodeIdx n) {
-  const NodeIdx prev = s.Pool[n].Prev;
-  if (prev != kNoNode) return s.Pool[prev].Next;
-  return s.Pool[s.Pool[n].Parent].FirstChild;
-}
-
 void CountRewrite(Session& s) {
   if (++s.RewriteCount > kRewriteLimit) {
     throw RunTimeError(RunTimeErrorNumber::Overflow, "The simplify loop does not come to an end");
