@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 
 namespace tavimor {
 

@@ -17,9 +17,10 @@
 #include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
-#include "shell/command_words.h"
+#include "shell/command_table.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
+#include "shell/status_bar.h"
 
 namespace tavimor {
 namespace {

@@ -9,8 +9,9 @@
 #include "qt/main_window.h"
 #include "qt/qt_frontend.h"
 #include "qt/qt_settings.h"
-#include "shell/command_words.h"
+#include "shell/command_table.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 
 namespace {
 

@@ -22,42 +22,12 @@
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 #include "shell/version.h"
 
 namespace tavimor {
 
 namespace {
-
-// The captions of the buttons on the panels.
-const std::map<std::string, QString> kCaptions = {
-    {"cmdSigFigs", "Significant figures"},
-    {"cmdFactor", "Prime factors"},
-    {"cmdSimplify", "Simplify"},
-    {"cmdExpand", "Expand"},
-    {"cmdAutoFactor", "Factor"},
-    {"cmd1Frac", "Add fractions"},
-    {"cmdCombineLogs", "Combine logs"},
-    {"cmdCSExpr", "Complete the square"},
-    {"cmdExpandTrig", "Break apart trig"},
-    {"cmdCombineTrig", "Combine trig"},
-    {"cmdUFOO", "Useful form of one"},
-    {"cmdBrackets", " Unneeded     brackets"},
-    {"cmdEvaluate", "Evaluate"},
-    {"cmdTree", "Tree"},
-    {"cmdShowEqnFrame", "Equation"},
-    {"cmdAutoSolve", "Auto solve"},
-    {"cmdDoToEqn", "Do to both sides"},
-    {"cmdDoLHS", "Left side"},
-    {"cmdDoRHS", "Right side"},
-    {"cmdSolvingHint", "Solving hint"},
-    {"cmdGraph", "Graph"},
-    {"cmdSimplifyFraction", "Simplify fraction"},
-    {"cmdAddFractions", "Add fractions"},
-    {"MultiAutoSolve", "Auto solve all"},
-    {"cmdSolveByElim", "By elimination"},
-    {"cmdSolveBySubs", "By substitution"},
-    {"cmdSubstitute", "Substitute"},
-};
 
 // The save dialog, opening on algebra files.
 QString ChooseSaveAsPath(QWidget* parent) {
@@ -221,7 +191,7 @@ QWidget* MainWindow::BuildPanels() {
     buttons->addWidget(title);
     panel_titles_[panel] = title;
     for (const std::string& name : PanelButtons(panel)) {
-      auto* button = new CommandButton(kCaptions.at(name), box);
+      auto* button = new CommandButton(QString::fromStdString(ButtonCaption(name)), box);
       button->setToolTip(Tooltip(name));
       button->setObjectName(QString::fromStdString(name + "_" + std::to_string(panel)));
       buttons->addWidget(button);

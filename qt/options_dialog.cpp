@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 
 namespace tavimor {
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "core/session.h"
+#include "shell/command_table.h"
 
 namespace tavimor {
 
@@ -15,10 +15,6 @@ enum class PressOutcome {
   NotBuilt,    // the button's engine is not part of the tutor yet
 };
 
-// The panel a button belongs to (the first, for cmdGraph), or -1 for an unknown name.
-int PanelOfButton(const std::string& button);
-// Whether the button's engine has been built.
-bool ButtonIsBuilt(const std::string& button);
 // Whether the button can be pressed now: on the visible panel, visible and enabled.
 bool ButtonOnOffer(const Session& s, const std::string& button);
 // Presses the button; `right_button` for the right mouse button. `error` gets the message of a

@@ -12,7 +12,7 @@
 #include "core/validate.h"
 #include "present/message_box.h"
 #include "present/work_space.h"
-#include "shell/main_flow.h"
+#include "shell/command_frame.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
 #include "simplify/factor_texts.h"
@@ -137,27 +137,20 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
 }
 
 std::string cmdEvaluate(Session& s) {
-  const NodeIdx side = CurrentSide(s);
   const std::string left = s.Pool[kLeftRoot].Text;
   const std::string right = s.Pool[kRightRoot].Text;
-  try {
-    ResetDiagnostics(s);
-    std::string sentence;
-    const bool done = EvaluateCommand(s, side, sentence);
-    ShowDiagnostics(s);
-    // The student's item stays as it was: the value lives in the sentence.
-    RestoreSides(s, left, right);
-    if (done) {
-      WorkSpaceSink box(s);
-      WriteMessage(s, box, sentence, s.StreamingOutput);
-    }
-    s.DetailNow = 0;
-    return "";
-  } catch (const std::exception& error) {
-    s.DetailNow = 0;
-    ShowDiagnostics(s);
-    return CommandError(s, "Error in Evaluate.", error, left, right);
-  }
+  std::string sentence;
+  bool done = false;
+  return RunCommandFrame(
+      s, "Error in Evaluate.", [&](NodeIdx side) { done = EvaluateCommand(s, side, sentence); },
+      [&] {
+        // The student's item stays as it was: the value lives in the sentence.
+        RestoreSides(s, left, right);
+        if (done) {
+          WorkSpaceSink box(s);
+          WriteMessage(s, box, sentence, s.StreamingOutput);
+        }
+      });
 }
 
 }  // namespace tavimor

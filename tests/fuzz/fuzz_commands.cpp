@@ -8,8 +8,9 @@
 
 #include "core/node_pool.h"
 #include "shell/buttons.h"
-#include "shell/command_words.h"
+#include "shell/command_table.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 #include "support/recording_frontend.h"
 
 namespace {

@@ -15,6 +15,7 @@
 #include "qt/options_dialog.h"
 #include "qt/qt_frontend.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 
 namespace tavimor {
 

@@ -16,6 +16,7 @@
 #include "qt/main_window.h"
 #include "qt/qt_frontend.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 
 namespace tavimor {
 

@@ -9,6 +9,7 @@
 
 #include "shell/algebra_file.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {

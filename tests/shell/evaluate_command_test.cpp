@@ -6,6 +6,7 @@
 #include "shell/buttons.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {

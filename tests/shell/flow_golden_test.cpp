@@ -21,8 +21,10 @@
 #include "core/validate.h"
 #include "present/work_space.h"
 #include "shell/buttons.h"
+#include "shell/command_frame.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
+#include "shell/status_bar.h"
 #include "support/recording_frontend.h"
 
 namespace tavimor {

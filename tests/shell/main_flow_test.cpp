@@ -4,7 +4,9 @@
 
 #include "present/work_space.h"
 #include "shell/buttons.h"
+#include "shell/command_frame.h"
 #include "shell/main_flow.h"
+#include "shell/status_bar.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {

@@ -1,0 +1,217 @@
+// The one table of the main form's buttons, and the lookups the front ends and the frame make in
+// it.
+#include "shell/command_table.h"
+
+#include <algorithm>
+
+#include "core/scoped_override.h"
+#include "shell/commands/brackets_command.h"
+#include "shell/evaluate_command.h"
+#include "shell/main_flow.h"
+#include "simplify/simplify_driver.h"
+
+namespace tavimor {
+
+namespace {
+
+constexpr unsigned On(int panel) { return 1u << static_cast<unsigned>(panel); }
+
+constexpr TerminalWord kNoWord = {nullptr, nullptr};
+constexpr ExpressionCommand kNoFrame = {nullptr, nullptr, nullptr, nullptr};
+
+// The engines and commands built so far.
+bool SimplifyEngine(Session& s, NodeIdx side, bool) {
+  ScopedOverride trig(s.TrigMode, std::int16_t{0});
+  return SimplifySide(s, side);
+}
+std::string EvaluateButton(Session& s, bool) { return cmdEvaluate(s); }
+std::string LeftSideButton(Session& s, bool) {
+  cmdDoLHS(s);
+  return "";
+}
+std::string RightSideButton(Session& s, bool) {
+  cmdDoRHS(s);
+  return "";
+}
+std::string EquationButton(Session& s, bool) {
+  cmdShowEqnFrame(s);
+  return "";
+}
+
+// clang-format off
+const std::vector<CommandRow> kRows = {
+  // The Number panel.
+  {"cmdSigFigs", On(kPanelNumber), "Significant figures",
+   "Show the number expressed to any number of significant figures",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdFactor", On(kPanelNumber), "Prime factors", "Factor the integer into prime numbers",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  // The Expression panel (also a side of an equation).
+  {"cmdSimplify", On(kPanelExpression), "Simplify", "Simplify the expression",
+   {"simplify", "simplify the expression"}, kNoWord,
+   {"Simplify", "There is nothing to simplify", "Simplifying", "Error in Simplify."},
+   &SimplifyEngine, nullptr},
+  {"cmdExpand", On(kPanelExpression), "Expand",
+   "Expand the expression (right click to expand a denominator)",
+   {"expand", "expand the expression"}, {"expand-denominators", "expand, denominators too"},
+   {"Expand", "There is nothing to expand", "Expanding", "Error in Expand."}, nullptr, nullptr},
+  {"cmdAutoFactor", On(kPanelExpression), "Factor",
+   "Factor the expression (right click to also factor the LCM out of denominators)",
+   {"factor", "factor the expression"}, {"factor-lcm", "factor, the LCM out of denominators too"},
+   {"Factor", "There is nothing to factor", "Factoring", "Error in Factor."}, nullptr, nullptr},
+  {"cmd1Frac", On(kPanelExpression), "Add fractions", "Add fractions in the expression",
+   {"add-fractions", "add the fractions"}, kNoWord,
+   {"Add fractions", "There are no fractions to combine", "Combining fractions",
+    "Error in Combining Fractions."}, nullptr, nullptr},
+  {"cmdCombineLogs", On(kPanelExpression), "Combine logs", "Add logarithms in the expression",
+   {"combine-logs", "combine the logarithms"}, kNoWord,
+   {"Combine logs", "There are no logarithms that can be combined", "Combining logarithms",
+    "Error in Combine Logs."}, nullptr, nullptr},
+  {"cmdCSExpr", On(kPanelExpression), "Complete the square",
+   "Convert the expression to completed square form",
+   {"complete-square", "complete the square"}, kNoWord,
+   {"Complete the square", "There is nothing to convert to completed square form",
+    "Completing the square", "Error in Complete the Square."}, nullptr, nullptr},
+  {"cmdExpandTrig", On(kPanelExpression), "Break apart trig",
+   "Apply trig identities to break down trig expressions",
+   {"break-trig", "break apart trig functions"}, kNoWord,
+   {"Break apart trig", "There are no trig functions to break apart",
+    "Breaking apart trig functions", "Error in Simplify."}, nullptr, nullptr},
+  {"cmdCombineTrig", On(kPanelExpression), "Combine trig",
+   "Apply trig identities to combine trig expressions",
+   {"combine-trig", "combine trig functions"}, kNoWord,
+   {"Combine trig", "There are no trig functions to combine", "Combining trig functions",
+    "Error in Simplify."}, nullptr, nullptr},
+  {"cmdUFOO", On(kPanelExpression), "Useful form of one",
+   "Multiply the numerator and denominator by the same quantity",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdBrackets", On(kPanelExpression), " Unneeded     brackets",
+   "Removes one set of unnecessary brackets",
+   {"brackets", "remove one set of unneeded brackets"}, kNoWord, kNoFrame, nullptr,
+   &cmdBrackets},
+  {"cmdEvaluate", On(kPanelExpression), "Evaluate",
+   "Ask for values for variables and then evaluate the expression",
+   {"evaluate", "evaluate for values of the letters"}, kNoWord, kNoFrame, nullptr,
+   &EvaluateButton},
+  {"cmdTree", On(kPanelExpression), "Tree", "Show a tree structure representing the expression",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdShowEqnFrame", On(kPanelExpression), "Equation", "Return to the Equation buttons",
+   {"equation", "back to the whole equation"}, kNoWord, kNoFrame, nullptr, &EquationButton},
+  // The Equation panel.
+  {"cmdAutoSolve", On(kPanelEquation), "Auto solve",
+   "Automatically solve the equation step-by-step",
+   {"solve", "solve step by step"}, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdDoToEqn", On(kPanelEquation), "Do to both sides",
+   "Perform an (identical) operation on both sides of the equation",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdDoLHS", On(kPanelEquation), "Left side", "Manipulate the left side of the equation",
+   {"left", "work on the left side"}, kNoWord, kNoFrame, nullptr, &LeftSideButton},
+  {"cmdDoRHS", On(kPanelEquation), "Right side", "Manipulate the right side of the equation",
+   {"right", "work on the right side"}, kNoWord, kNoFrame, nullptr, &RightSideButton},
+  {"cmdSolvingHint", On(kPanelEquation), "Solving hint",
+   "Tell what the next step is in solving the equation",
+   {"hint", "the next step of solving"}, kNoWord, kNoFrame, nullptr, nullptr},
+  // The Fraction panel.
+  {"cmdSimplifyFraction", On(kPanelFraction), "Simplify fraction",
+   "Reduce a fraction to lowest terms", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdAddFractions", On(kPanelFraction), "Add fractions", "Add or subtract two fractions",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  // The panel of a set of equations.
+  {"MultiAutoSolve", On(kPanelMultiEquations), "Auto solve all", "",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdSolveByElim", On(kPanelMultiEquations), "By elimination",
+   "Solve the system of equations by Gaussian elimination",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdSolveBySubs", On(kPanelMultiEquations), "By substitution",
+   "Solve the system of equations by substitution", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  {"cmdSubstitute", On(kPanelMultiEquations), "Substitute",
+   "Substitute the other equations into the last equation",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  // Last on both panels it stands on.
+  {"cmdGraph", On(kPanelEquation) | On(kPanelMultiEquations), "Graph", "Graph the equation",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+  // The OK and Next buttons above the panels.
+  {"cmdLoadEquation", 0, "OK", "Right click on OK or Next to first clear the workspace",
+   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+};
+// clang-format on
+
+std::array<std::vector<std::string>, kPanelCount> BuildPanels() {
+  std::array<std::vector<std::string>, kPanelCount> panels;
+  for (const CommandRow& row : kRows) {
+    for (int panel = 0; panel < kPanelCount; ++panel) {
+      if ((row.panels & On(panel)) != 0)
+        panels[static_cast<std::size_t>(panel)].push_back(row.button);
+    }
+  }
+  return panels;
+}
+
+std::vector<CommandWord> BuildWords() {
+  std::vector<CommandWord> words;
+  for (const CommandRow& row : kRows) {
+    if (row.left.word != nullptr)
+      words.push_back({row.left.word, row.button, false, row.left.what});
+    if (row.right.word != nullptr)
+      words.push_back({row.right.word, row.button, true, row.right.what});
+  }
+  return words;
+}
+
+const std::array<std::vector<std::string>, kPanelCount> kPanels = BuildPanels();
+const std::vector<CommandWord> kWords = BuildWords();
+
+}  // namespace
+
+const std::vector<CommandRow>& CommandRows() { return kRows; }
+
+const CommandRow* FindCommandRow(const std::string& button) {
+  for (const CommandRow& row : kRows) {
+    if (button == row.button) return &row;
+  }
+  return nullptr;
+}
+
+const std::vector<std::string>& PanelButtons(int panel) {
+  return kPanels[static_cast<std::size_t>(std::clamp(panel, 0, kPanelCount - 1))];
+}
+
+int PanelOfButton(const std::string& button) {
+  const CommandRow* row = FindCommandRow(button);
+  if (row == nullptr) return -1;
+  for (int panel = 0; panel < kPanelCount; ++panel) {
+    if ((row->panels & On(panel)) != 0) return panel;
+  }
+  return -1;
+}
+
+std::string ButtonTooltip(const std::string& button) {
+  const CommandRow* row = FindCommandRow(button);
+  return row == nullptr ? "" : row->tooltip;
+}
+
+std::string ButtonCaption(const std::string& button) {
+  const CommandRow* row = FindCommandRow(button);
+  return row == nullptr ? "" : row->caption;
+}
+
+bool ButtonIsBuilt(const std::string& button) {
+  const CommandRow* row = FindCommandRow(button);
+  return row != nullptr && (row->engine != nullptr || row->command != nullptr);
+}
+
+const ExpressionCommand* FindExpressionCommand(const std::string& button) {
+  const CommandRow* row = FindCommandRow(button);
+  return row == nullptr || row->frame.name == nullptr ? nullptr : &row->frame;
+}
+
+const std::vector<CommandWord>& CommandWords() { return kWords; }
+
+const CommandWord* FindCommandWord(const std::string& word) {
+  for (const CommandWord& entry : kWords) {
+    if (word == entry.word) return &entry;
+  }
+  return nullptr;
+}
+
+}  // namespace tavimor
