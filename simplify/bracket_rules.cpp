@@ -6,6 +6,7 @@
 #include "core/node_queries.h"
 #include "core/parse.h"
 #include "core/regenerate.h"
+#include "core/scoped_override.h"
 #include "core/tree_edit.h"
 #include "manipulate/distribute.h"
 #include "simplify/simplify_driver.h"
@@ -305,11 +306,9 @@ bool DropPlusOnNumber(Session& s, NodeIdx& slot) {
 void ReplaceNodeContents(Session& s, NodeIdx& slot, const std::string& text, bool simplify) {
   ReplaceNodeContents(s, slot, text);
   if (!simplify) return;
-  const std::string message = s.Message;
-  const std::int16_t help = s.HelpNumber;
+  ScopedOverride message(s.Message);
+  ScopedOverride help(s.HelpNumber);
   BracketRule(s, slot);
-  s.Message = message;
-  s.HelpNumber = help;
 }
 
 void RewriteNode(Session& s, NodeIdx& slot, const std::string& text, const std::string& message) {

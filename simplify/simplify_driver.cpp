@@ -9,6 +9,8 @@
 #include "core/number_text.h"
 #include "core/parse.h"
 #include "core/regenerate.h"
+#include "core/scoped_override.h"
+#include "core/temp_tree.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/collect_product.h"
@@ -153,31 +155,14 @@ bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
 }
 
 std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
-  const std::int16_t detail = s.DetailNow;
-  const std::string message = s.Message;
-  const std::int16_t help = s.HelpNumber;
-  s.DetailNow = 0;
-  NodeIdx root = NewNode(s);
-  std::string result;
-  try {
-    s.Pool[root].Text = text;
-    ParseTree(s, root);
-    int level = 0;
-    SimplifyTree(s, root, level);
-    result = s.Pool[root].Text;
-  } catch (...) {
-    FreeChildren(s, root);
-    FreeNode(s, root);
-    s.DetailNow = detail;
-    s.Message = message;
-    s.HelpNumber = help;
-    throw;
-  }
-  FreeChildren(s, root);
-  FreeNode(s, root);
-  s.DetailNow = detail;
-  s.Message = message;
-  s.HelpNumber = help;
+  ScopedOverride detail(s.DetailNow, std::int16_t{0});
+  ScopedOverride message(s.Message);
+  ScopedOverride help(s.HelpNumber);
+  TempTree tree(s, text, TempTree::Depth::Whole);
+  NodeIdx root = tree.Root();
+  int level = 0;
+  SimplifyTree(s, root, level);
+  const std::string result = s.Pool[root].Text;
   changed = result != text;
   return result;
 }
@@ -191,15 +176,10 @@ namespace {
 
 // The simplified text under ExactToFloat, and whether it is one number.
 bool SimplifiedNumber(Session& s, const std::string& text, std::string& number) {
-  const bool exact_to_float = s.ExactToFloat;
-  s.ExactToFloat = true;
-  try {
+  {
+    ScopedOverride exact_to_float(s.ExactToFloat, true);
     number = SimplifyText(s, text);
-  } catch (...) {
-    s.ExactToFloat = exact_to_float;
-    throw;
   }
-  s.ExactToFloat = exact_to_float;
   return !number.empty() && NumberEnd(s, number, 1) == static_cast<int>(number.size());
 }
 
