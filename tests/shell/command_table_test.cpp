@@ -1,0 +1,140 @@
+// Tests of the one table of buttons: every front end reads the same rows, and the frame every
+// command runs in.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <stdexcept>
+
+#include "core/errors.h"
+#include "shell/buttons.h"
+#include "shell/command_frame.h"
+#include "shell/command_table.h"
+#include "shell/main_flow.h"
+#include "support/session_fixture.h"
+
+namespace tavimor {
+namespace {
+
+TEST(CommandTable, EveryButtonOnAPanelHasACaption) {
+  for (int panel = 0; panel < kPanelCount; ++panel) {
+    ASSERT_FALSE(PanelButtons(panel).empty()) << panel;
+    for (const std::string& button : PanelButtons(panel)) {
+      EXPECT_FALSE(ButtonCaption(button).empty()) << button;
+    }
+  }
+}
+
+TEST(CommandTable, PanelsHoldTheirButtonsInTheirOrderOnTheForm) {
+  EXPECT_EQ(PanelButtons(kPanelNumber), (std::vector<std::string>{"cmdSigFigs", "cmdFactor"}));
+  EXPECT_EQ(PanelButtons(kPanelEquation),
+            (std::vector<std::string>{"cmdAutoSolve", "cmdDoToEqn", "cmdDoLHS", "cmdDoRHS",
+                                      "cmdSolvingHint", "cmdGraph"}));
+  EXPECT_EQ(PanelButtons(kPanelMultiEquations),
+            (std::vector<std::string>{"MultiAutoSolve", "cmdSolveByElim", "cmdSolveBySubs",
+                                      "cmdSubstitute", "cmdGraph"}));
+  EXPECT_EQ(PanelButtons(kPanelExpression).size(), 13u);
+  EXPECT_EQ(PanelButtons(kPanelExpression).front(), "cmdSimplify");
+}
+
+TEST(CommandTable, GraphStandsOnTwoPanelsAndBelongsToTheFirst) {
+  EXPECT_EQ(PanelOfButton("cmdGraph"), kPanelEquation);
+  EXPECT_EQ(PanelOfButton("cmdSimplify"), kPanelExpression);
+  EXPECT_EQ(PanelOfButton("cmdLoadEquation"), -1);  // above the panels
+  EXPECT_EQ(PanelOfButton("cmdNoSuchButton"), -1);
+}
+
+TEST(CommandTable, TooltipsAreTheSystemsDescriptions) {
+  EXPECT_EQ(ButtonTooltip("cmdSimplify"), "Simplify the expression");
+  EXPECT_EQ(ButtonTooltip("cmdLoadEquation"),
+            "Right click on OK or Next to first clear the workspace");
+  EXPECT_EQ(ButtonTooltip("cmdNoSuchButton"), "");
+}
+
+TEST(CommandTable, EveryWordIsUniqueAndPressesAButtonOfAPanel) {
+  std::set<std::string> seen;
+  for (const CommandWord& word : CommandWords()) {
+    EXPECT_TRUE(seen.insert(word.word).second) << word.word;
+    EXPECT_GE(PanelOfButton(word.button), 0) << word.word;
+    EXPECT_EQ(FindCommandWord(word.word), &word);
+  }
+  EXPECT_EQ(FindCommandWord("frobnicate"), nullptr);
+}
+
+TEST(CommandTable, TheRightButtonHasAWordOfItsOwn) {
+  const CommandWord* word = FindCommandWord("expand-denominators");
+  ASSERT_NE(word, nullptr);
+  EXPECT_STREQ(word->button, "cmdExpand");
+  EXPECT_TRUE(word->right_button);
+  EXPECT_FALSE(FindCommandWord("expand")->right_button);
+}
+
+TEST(CommandTable, ABuiltRowRunsEitherAnEngineInTheFrameOrItsOwnCommand) {
+  for (const CommandRow& row : CommandRows()) {
+    EXPECT_FALSE(row.engine != nullptr && row.command != nullptr) << row.button;
+    if (row.engine != nullptr) {
+      EXPECT_NE(row.frame.name, nullptr) << row.button;
+    }
+    EXPECT_EQ(ButtonIsBuilt(row.button), row.engine != nullptr || row.command != nullptr);
+  }
+  EXPECT_TRUE(ButtonIsBuilt("cmdSimplify"));
+  EXPECT_NE(FindExpressionCommand("cmdSimplify"), nullptr);
+  EXPECT_EQ(FindExpressionCommand("cmdEvaluate"), nullptr);
+}
+
+class CommandFrame : public SessionTest {
+ protected:
+  CommandFrame() {
+    s.StreamingOutput = false;
+    StartUp(s, ".");
+    cmdLoadEquation(s, "x+x=(y)", false);
+  }
+};
+
+TEST_F(CommandFrame, AFailureRestoresBothSidesAndShowsOneMessage) {
+  const std::size_t messages = frontend.messages.size();
+  const std::string shown = RunCommandFrame(
+      s, "Error in Something.",
+      [&](NodeIdx side) {
+        s.DetailNow = 2;
+        FreeChildren(s, side);
+        LoadSide(s, side, "q");
+        throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "full");
+      },
+      [] { FAIL() << "nothing is closed after a failure"; });
+  EXPECT_EQ(shown, "Error in Something.");
+  EXPECT_EQ(frontend.messages.size(), messages + 1);
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "x+x");
+  EXPECT_EQ(s.Pool[kRightRoot].Text, "(y)");
+  EXPECT_EQ(s.DetailNow, 0);
+}
+
+TEST_F(CommandFrame, ASuccessClosesAfterTheDiagnostics) {
+  s.Form.diagnostics.clear();
+  bool closed_after_diagnostics = false;
+  const std::string shown = RunCommandFrame(
+      s, "Error in Something.", [&](NodeIdx side) { EXPECT_EQ(side, kLeftRoot); },
+      [&] { closed_after_diagnostics = !s.Form.diagnostics.empty(); });
+  EXPECT_EQ(shown, "");
+  EXPECT_TRUE(closed_after_diagnostics);
+}
+
+TEST_F(CommandFrame, TheRightSideIsWorkedOnUnderItsCaption) {
+  std::string error;
+  PressButton(s, "cmdDoRHS", false, error);
+  NodeIdx worked = kNoNode;
+  RunCommandFrame(s, "Error.", [&](NodeIdx side) { worked = side; }, [] {});
+  EXPECT_EQ(worked, kRightRoot);
+}
+
+TEST_F(CommandFrame, BracketsRunInTheFrameAndReportTheirDiagnostics) {
+  std::string error;
+  PressButton(s, "cmdDoRHS", false, error);
+  s.Form.diagnostics.clear();
+  EXPECT_EQ(PressButton(s, "cmdBrackets", false, error), PressOutcome::Done);
+  EXPECT_EQ(error, "");
+  EXPECT_EQ(s.Pool[kRightRoot].Text, "y");
+  EXPECT_FALSE(s.Form.diagnostics.empty());
+}
+
+}  // namespace
+}  // namespace tavimor
