@@ -122,7 +122,8 @@ TEST_F(CommandFrame, TheRightSideIsWorkedOnUnderItsCaption) {
   std::string error;
   PressButton(s, "cmdDoRHS", false, error);
   NodeIdx worked = kNoNode;
-  RunCommandFrame(s, "Error.", [&](NodeIdx side) { worked = side; }, [] {});
+  RunCommandFrame(
+      s, "Error.", [&](NodeIdx side) { worked = side; }, [] {});
   EXPECT_EQ(worked, kRightRoot);
 }
 
