@@ -1,32 +1,7 @@
-// The Session's first-run options and the function name table.
+// The function name table of the Session.
 #include "core/session.h"
 
 namespace tavimor {
-
-void Session::SetFirstRunOptions() {
-  Unknown = "x";
-  SpecialE = true;
-  SpecialP = false;
-  SpecialD = false;
-  Degrees = false;
-  ComplexForm = 0;
-  SolveDetailDefault = 1;
-  SolveDetail = 1;
-  StreamingOutput = false;
-  FontSize = 12.0f;
-  SigFigs = 3;
-  ExponentToRadical = true;
-  ExponentToReciprocal = true;
-  ExponentToExponentialFunction = false;
-  ExactToFloat = false;
-  EvaluateInverseTrig = 1;
-  QuadraticMethod = 2;
-  GraphParms = kFactoryGraphParms;
-  ShowWelcomeScreen = true;
-  FormWidth = 12120.0f;
-  FormHeight = 9480.0f;
-  FormWindowState = 0;
-}
 
 namespace {
 constexpr std::array<const char*, kFunctionCount> kNames = {

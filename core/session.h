@@ -20,21 +20,9 @@ inline constexpr const char* kFactoryGraphParms =
 // One row of the equations of the work item: left side, right side, two columns of graph data.
 using EquationRow = std::array<std::string, 4>;
 
-// Everything that is state of the system. Engines take it as their first parameter; two sessions
-// share nothing.
-class Session {
- public:
-  explicit Session(Frontend& frontend) : frontend_(&frontend) {}
-
-  Frontend& Screen() { return *frontend_; }
-  void SetFrontend(Frontend& frontend) { frontend_ = &frontend; }
-
-  // Sets every option to its first-run value.
-  void SetFirstRunOptions();
-
-  NodePool Pool;
-
-  // Options, with their first-run values.
+// The student's options, with their first-run values: a value of this type is a set of options,
+// so the first-run options are `OptionSet{}` and a snapshot is one copy.
+struct OptionSet {
   std::string Unknown = "x";
   bool SpecialE = true;
   bool SpecialP = false;
@@ -57,8 +45,10 @@ class Session {
   float FormWidth = 12120.0f;  // twips
   float FormHeight = 9480.0f;  // twips
   std::int16_t FormWindowState = 0;
+};
 
-  // State of a running command.
+// The state of the running command and of the engines it calls.
+struct CommandState {
   std::int16_t DetailNow = 0;
   std::string Message;
   std::int16_t HelpNumber = 0;
@@ -79,24 +69,12 @@ class Session {
   std::vector<EquationRow> EquationList;
   std::vector<NodeIdx> ImagNodes;  // at most 100, see CollectImagUnits
 
-  // The main form, screen-free.
-  FormState Form;
   // The Tag of the solve button: "Cancel;" once the student has asked to stop.
   std::string AutoSolveTag;
   // The field Q of the do-to-both-sides tool: the last operation applied to both sides.
   std::string DoToBothSidesQ;
   // The hint text kept for the hint box.
   std::string StoredHint;
-
-  // The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.
-  std::vector<std::string> ListEntries;  // entry i at index i - 1
-  std::int16_t EqnInsertPos = 1;
-  bool EqnAddedFlag = false;
-  bool ListEditedFlag = false;
-  bool TopicsStaleFlag = true;
-  std::string FileName;  // the open algebra file; empty for an unnamed list
-  std::int16_t CurrentTopic = 0;
-  std::int16_t CurrentSubTopic = 0;
 
   // Shadow copies of the options a command may force.
   bool SavedExponentToReciprocal = true;
@@ -116,6 +94,43 @@ class Session {
 
   // Diagnostics of the running command: its start in seconds of a steady clock.
   double CommandStartSeconds = 0.0;
+};
+
+// The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.
+struct OpenList {
+  std::vector<std::string> ListEntries;  // entry i at index i - 1
+  std::int16_t EqnInsertPos = 1;
+  bool EqnAddedFlag = false;
+  bool ListEditedFlag = false;
+  bool TopicsStaleFlag = true;
+  std::string FileName;  // the open algebra file; empty for an unnamed list
+  std::int16_t CurrentTopic = 0;
+  std::int16_t CurrentSubTopic = 0;
+};
+
+// Everything that is state of the system, in named parts whose fields keep their names
+// (`s.ExactToFloat`, `s.Message`, `s.ListEntries`). Engines take it as their first parameter;
+// two sessions share nothing.
+class Session : public OptionSet, public CommandState, public OpenList {
+ public:
+  explicit Session(Frontend& frontend) : frontend_(&frontend) {}
+
+  Frontend& Screen() { return *frontend_; }
+  void SetFrontend(Frontend& frontend) { frontend_ = &frontend; }
+
+  // The parts as values of their own.
+  OptionSet& OptionValues() { return *this; }
+  const OptionSet& OptionValues() const { return *this; }
+  CommandState& Running() { return *this; }
+  OpenList& List() { return *this; }
+
+  // Sets every option to its first-run value.
+  void SetFirstRunOptions() { OptionValues() = OptionSet{}; }
+
+  NodePool Pool;
+
+  // The main form, screen-free.
+  FormState Form;
 
   // The function name table, filled by InitFunctionTable.
   std::array<std::string, kFunctionCount + 1> FunctionNames{};  // 1-based

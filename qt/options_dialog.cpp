@@ -116,12 +116,7 @@ OptionsDialog::OptionsDialog(Session& s, QWidget* parent) : QDialog(parent), s_(
 
   connect(close_, &QPushButton::clicked, this, &OptionsDialog::Accept);
   connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
-  connect(factory_, &QPushButton::clicked, this, [this] {
-    Session factory(s_.Screen());
-    factory.SetFirstRunOptions();
-    factory.DecimalPoint = s_.DecimalPoint;
-    ShowState(factory);
-  });
+  connect(factory_, &QPushButton::clicked, this, [this] { ShowState(OptionSet{}); });
   connect(help, &QPushButton::clicked, this, [this] { s_.Screen().ShowHelp(s_.HelpNumber); });
   for (QAbstractButton* b : detail_->buttons()) {
     connect(b, &QAbstractButton::toggled, this, &OptionsDialog::UpdateEnabling);
@@ -134,7 +129,7 @@ OptionsDialog::OptionsDialog(Session& s, QWidget* parent) : QDialog(parent), s_(
   ShowState(s_);
 }
 
-void OptionsDialog::ShowState(const Session& from) {
+void OptionsDialog::ShowState(const OptionSet& from) {
   const int letter = from.Unknown.empty() ? 23 : from.Unknown[0];
   unknown_->setCurrentIndex(letter >= 'a' ? letter - 'a' : 26 + letter - 'A');
   sig_figs_->setCurrentIndex(std::clamp<int>(from.SigFigs, 1, 8) - 1);

@@ -36,8 +36,8 @@ class OptionsDialog : public QDialog {
   QPushButton* FactoryButton() const { return factory_; }
 
  private:
-  void ShowState(const Session& from);  // the controls from a session's options
-  void Accept();                        // the controls into the options, then close
+  void ShowState(const OptionSet& from);  // the controls from a set of options
+  void Accept();                          // the controls into the options, then close
   void UpdateEnabling();
 
   Session& s_;
