@@ -316,6 +316,12 @@ void MainWindow::LoadTyped(bool right_button) {
 void MainWindow::LoadNext(bool right_button) {
   cmdNextEquation(s_, right_button);
   SyncFromState();
+  // The box shows the problem Next has loaded, not the one before it.
+  const FormState& form = s_.Form;
+  if (form.equation_box_selected >= 0 && form.equation_box_selected < equation_box_->count()) {
+    equation_box_->setCurrentIndex(form.equation_box_selected);
+  }
+  equation_box_->setEditText(QString::fromStdString(form.equation_box_text));
 }
 
 void MainWindow::Press(const std::string& button, bool right_button) {
