@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("The Tavimor"));
 
   QtFrontend frontend;
+  frontend.SetUnattended(screenshot);  // no modal form waits for an answer in a screenshot run
   Session s(frontend);
   s.SetFirstRunOptions();
   // The decimal separator of the machine's locale: how 1.2 is written.
