@@ -14,8 +14,11 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 #include "qt/display_painter.h"
 #include "qt/options_dialog.h"
@@ -75,7 +78,22 @@ QString Tooltip(const std::string& button) {
   return tip;
 }
 
+// The least size of the form, in pixels.
+constexpr int kLeastFormWidth = 760;
+constexpr int kLeastFormHeight = 480;
+
 }  // namespace
+
+QSize FormSizeOnScreen(float width_twips, float height_twips, const QSize& available) {
+  const auto pixels = [](float twips, int least, int most) {
+    const float wanted = std::isfinite(twips) ? twips / 15.0f : 0.0f;
+    const int upper = std::max(1, most);
+    return std::clamp(static_cast<int>(std::clamp(wanted, 0.0f, static_cast<float>(upper))),
+                      std::min(least, upper), upper);
+  };
+  return {pixels(width_twips, kLeastFormWidth, available.width()),
+          pixels(height_twips, kLeastFormHeight, available.height())};
+}
 
 void CommandButton::mousePressEvent(QMouseEvent* event) {
   if (!isEnabled()) return;
@@ -189,10 +207,20 @@ MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_dir
     status_.push_back(panel);
   }
   BuildMenus();
-  setMinimumSize(760, 480);
-  // The form's size is kept in twips, fifteen to a pixel.
-  resize(std::max(760, static_cast<int>(s_.FormWidth / 15)),
-         std::max(480, static_cast<int>(s_.FormHeight / 15)));
+  // The form's size is kept in twips; whatever the settings hold, the form fits the screen.
+  const QRect available = screen()->availableGeometry();
+  setMinimumSize(std::min(kLeastFormWidth, available.width()),
+                 std::min(kLeastFormHeight, available.height()));
+  const QSize size = FormSizeOnScreen(s_.FormWidth, s_.FormHeight, available.size());
+  resize(size);
+  s_.FormWidth = static_cast<float>(size.width() * 15);
+  s_.FormHeight = static_cast<float>(size.height() * 15);
+  // Its corner where the whole form is on the screen.
+  const int x = std::clamp(pos().x(), available.left(),
+                           std::max(available.left(), available.right() + 1 - size.width()));
+  const int y = std::clamp(pos().y(), available.top(),
+                           std::max(available.top(), available.bottom() + 1 - size.height()));
+  move(x, y);
   if (s_.FormWindowState == 2) setWindowState(Qt::WindowMaximized);
   SyncFromState();
 }

@@ -47,6 +47,10 @@ class StatusPanel : public QLabel {
   void mousePressEvent(QMouseEvent* event) override;
 };
 
+// The form's size in pixels from its size in twips (fifteen to a pixel), never below the least
+// size of the form nor beyond the available screen.
+QSize FormSizeOnScreen(float width_twips, float height_twips, const QSize& available);
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
 

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <limits>
 
 #include "qt/main_window.h"
 #include "qt/options_dialog.h"
@@ -67,6 +68,34 @@ class WindowLayoutTest : public QObject {
     // What OK loads now is the problem the box shows.
     window_->LoadTyped(false);
     QVERIFY(window_->WorkSpace()->HiddenText().endsWith(QStringLiteral("@x-5=1@  \n")));
+  }
+
+  void HugeSavedFormSizeIsKeptWithinTheScreen() {
+    MemorySettings store;
+    store.Set("Parameters", "Unknown", "x");
+    store.Set("Parameters", "Form width", "1000000");
+    store.Set("Parameters", "Form height", "1000000");
+    QtFrontend frontend;
+    Session s(frontend);
+    s.SetFirstRunOptions();
+    StartUp(s, ".");
+    MainWindow window(s, &store, ".");
+    window.show();
+    const QRect available = window.screen()->availableGeometry();
+    QVERIFY(window.width() <= available.width());
+    QVERIFY(window.height() <= available.height());
+    QVERIFY(available.contains(window.geometry().topLeft()));
+    QVERIFY(s.FormWidth <= static_cast<float>(available.width() * 15));
+  }
+
+  void FormSizeOnScreenKeepsWithinTheScreenAndAboveTheLeast() {
+    const QSize screen(1366, 768);
+    QCOMPARE(FormSizeOnScreen(12120.0f, 9480.0f, screen), QSize(808, 632));
+    QCOMPARE(FormSizeOnScreen(1000000.0f, 1000000.0f, screen), screen);
+    QCOMPARE(FormSizeOnScreen(1.0f, 1.0f, screen), QSize(760, 480));
+    QCOMPARE(FormSizeOnScreen(std::numeric_limits<float>::quiet_NaN(), -5.0f, screen),
+             QSize(760, 480));
+    QCOMPARE(FormSizeOnScreen(12120.0f, 9480.0f, QSize(640, 400)), QSize(640, 400));
   }
 
  private:
