@@ -78,6 +78,23 @@ QString Tooltip(const std::string& button) {
   return tip;
 }
 
+// What a click on each status panel changes.
+const std::array<QString, 9> kStatusTips = {
+    QStringLiteral("Click to change how steps are shown: the result only, one by one, or in a "
+                   "stream"),
+    QStringLiteral("Click to change the arithmetic: real only, or complex using i, using j, or "
+                   "using neither"),
+    QStringLiteral("Click to switch between floating point and exact arithmetic"),
+    QStringLiteral("Click to switch angles between degrees and radians"),
+    QStringLiteral("Click to change how quadratic equations are solved: by factoring, by the "
+                   "formula, by completing the square, or by graphing"),
+    QStringLiteral("Click to choose the letter of the unknown"),
+    QStringLiteral("Click to make e the number 2.718.. or an ordinary variable"),
+    QStringLiteral("Click to make p the number pi or an ordinary variable"),
+    QStringLiteral("Click to make d the degree (pi/180) or an ordinary variable; d is a variable "
+                   "in radians"),
+};
+
 // The least size of the form, in pixels.
 constexpr int kLeastFormWidth = 760;
 constexpr int kLeastFormHeight = 480;
@@ -196,16 +213,20 @@ MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_dir
   layout->addLayout(middle, 1);
   setCentralWidget(central);
 
-  // The status bar: nine panels, each a click away from its option.
+  // The status bar: nine panels, each a click away from its option, in rows as the width needs.
+  status_box_ = new QWidget(this);
+  new QVBoxLayout(status_box_);
+  status_box_->layout()->setContentsMargins(0, 0, 0, 0);
+  status_box_->layout()->setSpacing(2);
   for (int i = 1; i <= 9; ++i) {
-    auto* panel = new StatusPanel(this);
+    auto* panel = new StatusPanel(status_box_);
     panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     panel->setCursor(Qt::PointingHandCursor);
-    panel->setToolTip(QStringLiteral("Click to change"));
+    panel->setToolTip(kStatusTips[static_cast<std::size_t>(i - 1)]);
     connect(panel, &StatusPanel::Clicked, this, [this, i] { ClickStatus(i); });
-    statusBar()->addWidget(panel);
     status_.push_back(panel);
   }
+  statusBar()->addWidget(status_box_, 1);
   BuildMenus();
   // The form's size is kept in twips; whatever the settings hold, the form fits the screen.
   const QRect available = screen()->availableGeometry();
@@ -389,6 +410,7 @@ void MainWindow::SyncFromState() {
     status_[static_cast<std::size_t>(i)]->setText(
         QString::fromStdString(form.status_panels[static_cast<std::size_t>(i)]));
   }
+  ArrangeStatusPanels();
   diagnostics_->setText(QString::fromStdString(form.diagnostics));
   const QString typed = equation_box_->currentText();
   if (equation_box_->count() != static_cast<int>(form.equation_box_items.size())) {
@@ -403,6 +425,44 @@ void MainWindow::SyncFromState() {
   if (CommandButton* focus = Button(form.focus); focus != nullptr && focus->isEnabled()) {
     focus->setFocus();
   }
+}
+
+void MainWindow::ArrangeStatusPanels() {
+  // Fill each row with the panels that fit in the width of the status bar.
+  const int room = std::max(1, width() - 30);  // less the margins and the size grip
+  const int spacing = 4;
+  std::vector<int> rows;
+  int row = 0;
+  int used = 0;
+  for (StatusPanel* panel : status_) {
+    const int width = panel->sizeHint().width();
+    if (used > 0 && used + spacing + width > room) {
+      ++row;
+      used = 0;
+    }
+    used += (used > 0 ? spacing : 0) + width;
+    rows.push_back(row);
+  }
+  if (rows == status_rows_) return;
+  status_rows_ = rows;
+  auto* column = static_cast<QVBoxLayout*>(status_box_->layout());
+  while (QLayoutItem* item = column->takeAt(0)) delete item;  // the old rows, not the panels
+  QHBoxLayout* line = nullptr;
+  for (std::size_t i = 0; i < status_.size(); ++i) {
+    if (line == nullptr || (i > 0 && rows[i] != rows[i - 1])) {
+      if (line != nullptr) line->addStretch(1);
+      line = new QHBoxLayout;
+      line->setSpacing(spacing);
+      column->addLayout(line);
+    }
+    line->addWidget(status_[i]);
+  }
+  if (line != nullptr) line->addStretch(1);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  ArrangeStatusPanels();
 }
 
 void MainWindow::PrintWorkSpace() {

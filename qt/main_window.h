@@ -96,6 +96,7 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* BuildPanels();
@@ -103,6 +104,8 @@ class MainWindow : public QMainWindow {
   void AfterFileLoaded();
   void UpdateRecentMenu();
   void SetFileCaption();
+  // Lays the status panels in as many rows as the width needs, so that none is cut off.
+  void ArrangeStatusPanels();
 
   Session& s_;
   QComboBox* equation_box_ = nullptr;
@@ -114,6 +117,8 @@ class MainWindow : public QMainWindow {
   WorkSpaceView* work_space_ = nullptr;
   QLabel* diagnostics_ = nullptr;
   std::vector<StatusPanel*> status_;
+  QWidget* status_box_ = nullptr;
+  std::vector<int> status_rows_;  // the row of each status panel as laid out
   QStackedWidget* center_ = nullptr;
   TopicsPanel* topics_ = nullptr;
   QPushButton* show_topics_ = nullptr;

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
+#include <QScrollArea>
+#include <QSet>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -96,6 +98,70 @@ class WindowLayoutTest : public QObject {
     QCOMPARE(FormSizeOnScreen(std::numeric_limits<float>::quiet_NaN(), -5.0f, screen),
              QSize(760, 480));
     QCOMPARE(FormSizeOnScreen(12120.0f, 9480.0f, QSize(640, 400)), QSize(640, 400));
+  }
+
+  void StatusPanelsAreWholeAtTheFirstRunSize() {
+    window_->resize(FormSizeOnScreen(12120.0f, 9480.0f, QSize(1366, 768)));
+    window_->EquationBox()->setEditText(QStringLiteral("x^2+2x+1=0"));
+    window_->LoadTyped(false);
+    QApplication::processEvents();
+    for (int i = 1; i <= 9; ++i) {
+      StatusPanel* panel = window_->Status(i);
+      QVERIFY(panel->isVisible());
+      const QRect where(panel->mapTo(window_.get(), QPoint(0, 0)), panel->size());
+      QVERIFY2(panel->width() >= panel->sizeHint().width(), qPrintable(panel->text()));
+      QVERIFY2(where.right() < window_->width() && where.bottom() < window_->height(),
+               qPrintable(panel->text()));
+    }
+  }
+
+  void StatusPanelsSayWhatAClickChanges() {
+    QSet<QString> tips;
+    for (int i = 1; i <= 9; ++i) {
+      const QString tip = window_->Status(i)->toolTip();
+      QVERIFY(tip.startsWith(QStringLiteral("Click to ")));
+      tips.insert(tip);
+    }
+    QCOMPARE(tips.size(), 9);
+    QVERIFY(window_->Status(4)->toolTip().contains(QStringLiteral("degrees and radians")));
+    QVERIFY(window_->Status(6)->toolTip().contains(QStringLiteral("unknown")));
+  }
+
+  void TopicsPanelShowsWholeHeadings() {
+    window_->resize(FormSizeOnScreen(12120.0f, 9480.0f, QSize(1366, 768)));
+    QTemporaryDir dir;
+    const QByteArray sub = "Equations with radicals and rational exponents on both sides";
+    QVERIFY(window_->OpenFile(Write(dir, QStringLiteral("long.txt"),
+                                    "Topic:Solving equations of every kind\r\nComment:\r\n"
+                                    "SubTop:" +
+                                        sub +
+                                        "\r\nComment:\r\n"
+                                        "Eqn:x+3=7\r\nComment:\r\n")));
+    QListWidget* topics = window_->Topics()->Topics();
+    emit topics->itemEntered(topics->item(0));
+    QApplication::processEvents();
+    for (QListWidget* list : {topics, window_->Topics()->SubTopics()}) {
+      QListWidgetItem* item = list->item(0);
+      const QRect rect = list->visualItemRect(item);
+      QVERIFY2(rect.width() >= list->fontMetrics().horizontalAdvance(item->text()),
+               qPrintable(item->text()));
+      QVERIFY2(list->viewport()->rect().contains(rect), qPrintable(item->text()));
+    }
+  }
+
+  void OptionsDialogFitsASmallScreen() {
+    OptionsDialog dialog(*session_, window_.get());
+    dialog.show();
+    QApplication::processEvents();
+    const QRect available = dialog.screen()->availableGeometry();
+    QVERIFY(dialog.height() <= available.height());
+    QVERIFY(dialog.width() <= available.width());
+    // On a screen 768 pixels high, less a title bar and a task bar, every frame shows at once.
+    auto* scroll = dialog.findChild<QScrollArea*>();
+    QVERIFY(scroll != nullptr);
+    const int buttons = dialog.height() - scroll->height();
+    QVERIFY2(scroll->widget()->sizeHint().height() + buttons <= 768 - 90,
+             qPrintable(QString::number(scroll->widget()->sizeHint().height() + buttons)));
   }
 
  private:
