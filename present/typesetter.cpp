@@ -344,6 +344,7 @@ Box Layout::MeasureInlineFraction(NodeIdx n, const std::vector<NodeIdx>& top,
   const auto place = [&](const std::vector<NodeIdx>& row, float row_width, float row_base,
                          bool bracketed, float& open, float& close) {
     if (bracketed) {
+      x += pad;  // the curve bows out: room so that it does not touch the slash
       open = x;
       x += curve + pad;
     }
@@ -355,7 +356,7 @@ Box Layout::MeasureInlineFraction(NodeIdx n, const std::vector<NodeIdx>& top,
     if (bracketed) {
       x += pad;
       close = x;
-      x += curve;
+      x += curve + pad;
     }
   };
   place(top, top_width, top_base, RowNeedsBrackets(top, false), f.top_open, f.top_close);
@@ -401,6 +402,7 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
     open.y = y;
     open.y2 = y + node.Height;
     open.width = curve;
+    open.size = size_;  // the stroke follows the size
     open.left = true;
     out.items.push_back(open);
     DisplayItem close = open;
@@ -414,6 +416,7 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
     radical.y = y;
     radical.y2 = y + node.Height;
     radical.width = 0.6f * size_;
+    radical.size = size_;
     radical.x2 = x + node.Width;
     out.items.push_back(radical);
   }

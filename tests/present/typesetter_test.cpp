@@ -106,6 +106,16 @@ TEST_F(Typesetter, OneLineFractionBracketsWhatWouldReadWrongly) {
   EXPECT_TRUE(Items(Expression("x^(2*y/3)"), ItemKind::Bracket).empty());
 }
 
+TEST_F(Typesetter, CurvesAndRadicalsCarryTheSizeTheyAreSetAt) {
+  s.FontSize = 30.0f;
+  const Drawing d = Expression("sqrt(x)+(x+1)*2+e^((a+b)/2)");
+  const std::vector<DisplayItem> curves = Items(d, ItemKind::Bracket);
+  ASSERT_EQ(curves.size(), 4u);
+  EXPECT_FLOAT_EQ(curves[0].size, 30.0f);
+  EXPECT_FLOAT_EQ(curves[2].size, 21.0f);  // in the exponent
+  EXPECT_FLOAT_EQ(Items(d, ItemKind::Radical).at(0).size, 30.0f);
+}
+
 TEST_F(Typesetter, LettersAreItalicNumbersAndFunctionNamesUpright) {
   const Drawing d = Expression("2*x+sin(y)");
   EXPECT_EQ(TextItem(d, "x")->face, Face::Italic);
