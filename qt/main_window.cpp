@@ -462,8 +462,10 @@ bool MainWindow::OpenFile(const QString& path) {
 }
 
 bool MainWindow::FileSave() {
-  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName)) {
-    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+  std::string reason;
+  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName, &reason)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"),
+                             QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
   s_.ListEditedFlag = s_.EqnAddedFlag = false;
@@ -471,8 +473,10 @@ bool MainWindow::FileSave() {
 }
 
 bool MainWindow::FileSaveAs(const QString& path) {
-  if (!WriteAlgebraFile(s_, path.toStdString())) {
-    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+  std::string reason;
+  if (!WriteAlgebraFile(s_, path.toStdString(), &reason)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"),
+                             QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
   s_.ListEditedFlag = s_.EqnAddedFlag = false;
