@@ -556,6 +556,10 @@ int Interactive(const CliOptions& options) {
   if (!OpenFile(s, options)) return kExitRefused;
   InteractiveTutor tutor(options, s, frontend, editor);
   tutor.Run();
+  if (!options.save && !options.save_as_given && HasUnsavedChanges(s)) {
+    std::cerr << "The new problems are not saved in " << PrintableText(options.file)
+              << ": give --save to keep them.\n";
+  }
   return SaveFile(s, options);
 }
 

@@ -241,6 +241,14 @@ assert errors[2] is None and errors[3] and errors[4] and "longer than" in errors
 ' "$work/mixed.json" && echo "ok: batch json is valid UTF-8 with each line's error" ||
   { echo "FAIL: batch json"; failures=$((failures + 1)); }
 
+# A long batch of distinct lines runs in linear time (a few seconds for 100,000).
+seq 1 100000 | sed 's/^/x+/' > "$work/long.txt"
+"$cli" --batch "$work/long.txt" >/dev/null 2>"$work/err"
+contains "a batch of 100,000 distinct lines" "$(cat "$work/err")" "100000 lines in "
+printf 'x=7\nquit\n' | "$cli" --file "$work/list.txt" >/dev/null 2>"$work/err"
+contains "new problems not saved are told at the end" "$(cat "$work/err")" \
+  "The new problems are not saved in $work/list.txt: give --save to keep them."
+
 # The interactive tutor: CR LF lines, a mistyped command, the course of a file.
 out=$(printf 'x+x\r\nsimplfy\r\nSimplify\r\nsimplify\r\nquit\r\n' | "$cli" 2>"$work/err")
 contains "a mistyped command is questioned and the item kept" "$out" "Did you mean simplify?" \

@@ -8,6 +8,7 @@
 #include "cli/course_list.h"
 #include "cli/json_output.h"
 #include "cli/terminal_frontend.h"
+#include "shell/main_flow.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {
@@ -100,6 +101,34 @@ TEST_F(Course, ProblemsAreNumberedWithTheirCommentsAndNoRawBytes) {
   PrintCourse(s, out, true);
   EXPECT_EQ(out.str(), "Bell^G\n  Sub\n    1. x=1\n      # one\n      # two\n    2. x=2\n");
   EXPECT_EQ(CourseProblems(s), (std::vector<std::string>{"x=1", "x=2"}));
+}
+
+TEST(TerminalSession, TheLiveWorkSpaceIsPrintedAndNotKept) {
+  std::ostringstream out;
+  std::ostringstream err;
+  std::istringstream in("");
+  TerminalFrontend frontend(out, err, in, true);
+  Session s(frontend);
+  frontend.AttachSession(s);
+  StartUp(s, ".");
+  for (int i = 0; i < 200; ++i) {
+    frontend.Reset();
+    ASSERT_TRUE(cmdLoadEquation(s, "x+" + std::to_string(i), false));
+    frontend.Flush();
+  }
+  EXPECT_TRUE(frontend.WorkSpace().empty());
+  EXPECT_TRUE(frontend.Messages().empty());
+  EXPECT_NE(out.str().find("Consider  the expression  x + 199"), std::string::npos);
+}
+
+TEST(TerminalSession, AnswersTypedWithCrLfAreRead) {
+  std::ostringstream out;
+  std::ostringstream err;
+  std::istringstream in("3\r\n");
+  TerminalFrontend frontend(out, err, in, true);
+  const auto values = frontend.AskValues({"x"}, {""});
+  ASSERT_TRUE(values.has_value());
+  EXPECT_EQ(values->front(), "3");
 }
 
 }  // namespace
