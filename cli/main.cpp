@@ -76,6 +76,11 @@ the right side; the items of a set are parted by a line ";". One node per line:
 two blanks of indentation per level, the Role code, the Kind code, five blanks and
 the node's Text; a blank code shows as a pilcrow.
 
+The interactive tutor edits lines at a terminal (history, Tab completes a
+command word) and takes, beside the commands below: help, status [N], clear,
+list, open N, next (the problems of --file), load ITEM (load a word that looks
+like a command), quit. A word close to a command is questioned, never loaded.
+
 The tutor starts from the first-run options, never from saved settings, so that
 its output is the same on every machine.
 
