@@ -206,6 +206,8 @@ bool WriteAlgebraFile(const Session& s, const std::string& path, std::string* re
   if (::stat(target.c_str(), &info) == 0) {
     if (S_ISDIR(info.st_mode)) return Fail(reason, SaveFailureReason(EISDIR, target));
     if (!S_ISREG(info.st_mode)) return Fail(reason, target + " is not a regular file.");
+    // A read-only file is not replaced behind its owner's back.
+    if (::access(target.c_str(), W_OK) != 0) return Fail(reason, SaveFailureReason(errno, target));
     mode = info.st_mode & 07777;
     keep_mode = true;
   }

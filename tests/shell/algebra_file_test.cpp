@@ -292,6 +292,17 @@ TEST_F(AlgebraFile, FailedSavesSayWhy) {
   EXPECT_EQ(FileNotSavedText(""), "File not saved.");
 }
 
+TEST_F(AlgebraFile, AReadOnlyFileIsNotReplaced) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write any file";
+  const std::string path = Write("locked.txt", "Eqn:x\r\n");
+  fs::permissions(path, fs::perms::owner_read);
+  s.ListEntries = {"Eqn:y"};
+  std::string reason;
+  EXPECT_FALSE(WriteAlgebraFile(s, path, &reason));
+  EXPECT_EQ(reason, "The file " + path + " or its folder is read-only.");
+  EXPECT_EQ(Bytes(path), "Eqn:x\r\n");
+}
+
 TEST_F(AlgebraFile, SavingOverADeviceIsRefused) {
   s.ListEntries = {"Eqn:x"};
   std::string reason;
