@@ -461,6 +461,8 @@ class InteractiveTutor {
       } else {
         Open(std::atoi(number.c_str()));
       }
+    } else if (line == "load") {
+      std::cout << "load takes the item to load, for example: load hint\n";
     } else if (line.rfind("load ", 0) == 0) {
       Load(line.substr(5));
     } else if (FindCommandWord(line) != nullptr) {

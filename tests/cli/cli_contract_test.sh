@@ -257,9 +257,10 @@ case "$out$(cat "$work/err")" in
   *"^M"* | *"Consider  the expression  simplfy"*) echo "FAIL: a line with CR LF or a slip was loaded"; failures=$((failures + 1)) ;;
   *) echo "ok: lines ending in CR LF are read" ;;
 esac
-out=$(printf 'load hint\nx+x\n(x]\nsimplify\nquit\n' | "$cli" 2>&1)
+out=$(printf 'load\nload hint\nx+x\n(x]\nsimplify\nquit\n' | "$cli" 2>&1)
 contains "load takes a command word as a problem on purpose" "$out" \
-  "Consider  the expression  hint" "(simplify works on x+x, the item before the one refused.)"
+  "load takes the item to load" "Consider  the expression  hint" \
+  "(simplify works on x+x, the item before the one refused.)"
 out=$(printf 'list\nopen 2\nnext\nnext\nopen 9\nquit\n' | "$cli" --file "$work/cr.txt" 2>&1)
 contains "the interactive tutor walks the problems of a file" "$out" "  1. x=1" "  2. x=2" \
   "Problem 2 of 2:" "Consider  the equation  x = 2" "That was the last problem of the file" \
