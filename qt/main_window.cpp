@@ -556,8 +556,10 @@ bool MainWindow::OpenFile(const QString& path) {
 }
 
 bool MainWindow::FileSave() {
-  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName)) {
-    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+  std::string reason;
+  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName, &reason)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"),
+                             QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
   s_.ListEditedFlag = s_.EqnAddedFlag = false;
@@ -565,8 +567,10 @@ bool MainWindow::FileSave() {
 }
 
 bool MainWindow::FileSaveAs(const QString& path) {
-  if (!WriteAlgebraFile(s_, path.toStdString())) {
-    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+  std::string reason;
+  if (!WriteAlgebraFile(s_, path.toStdString(), &reason)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"),
+                             QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
   s_.ListEditedFlag = s_.EqnAddedFlag = false;
