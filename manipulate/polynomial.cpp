@@ -85,6 +85,36 @@ bool ReadTerm(const TempTree& tree, NodeIdx t, const Session& s, const std::stri
 
 Complex Polar(double magnitude, double angle) { return std::polar(magnitude, angle); }
 
+// The value and the first derivative by Horner's rule.
+void ValueAndSlope(const std::vector<Complex>& a, int degree, Complex x, Complex& p, Complex& dp) {
+  p = a[static_cast<std::size_t>(degree)];
+  dp = 0.0;
+  for (int j = degree - 1; j >= 0; --j) {
+    dp = x * dp + p;
+    p = x * p + a[static_cast<std::size_t>(j)];
+  }
+}
+
+// Laguerre stops once the value is within 2e-9 of its rounding bound, which can leave a simple
+// root some 1e-8 off and a whole root that no longer reads as whole. Newton's steps finish the
+// polish while they make the value smaller; a real root stays real.
+constexpr int kRefineSteps = 60;
+void RefineRoot(const std::vector<Complex>& a, int degree, Complex& x) {
+  Complex p;
+  Complex dp;
+  ValueAndSlope(a, degree, x, p, dp);
+  for (int step = 0; step < kRefineSteps && std::abs(p) > 0.0 && std::abs(dp) > 0.0; ++step) {
+    const Complex next = x - p / dp;
+    Complex p_next;
+    Complex dp_next;
+    ValueAndSlope(a, degree, next, p_next, dp_next);
+    if (!(std::abs(p_next) < std::abs(p))) return;
+    x = next;
+    p = p_next;
+    dp = dp_next;
+  }
+}
+
 }  // namespace
 
 bool IsPolynomial(Session& s, const std::string& text, std::vector<double>& coefficients,
@@ -189,7 +219,10 @@ std::vector<Complex> PolynomialRoots(Session& s, const std::vector<double>& coef
       b = x * b + c;
     }
   }
-  for (Complex& root : roots) LaguerreRoot(s, a, m, root, iterations);  // polish
+  for (Complex& root : roots) {  // polish
+    LaguerreRoot(s, a, m, root, iterations);
+    RefineRoot(a, m, root);
+  }
   // Straight insertion by the real part.
   for (std::size_t j = 1; j < roots.size(); ++j) {
     const Complex x = roots[j];
