@@ -409,4 +409,24 @@ bool ExpandTree(Session& s, NodeIdx& root) {
   return result;
 }
 
+bool ExpandSide(Session& s, NodeIdx side, bool denominators) {
+  s.ExpandMode = denominators ? 2 : 1;
+  NodeIdx root = side;
+  try {
+    const bool result = ExpandTree(s, root);
+    s.ExpandMode = 1;
+    return result;
+  } catch (...) {
+    s.ExpandMode = 1;
+    throw;
+  }
+}
+
+std::string NothingToExpandNote(const std::string& input, const std::string& record) {
+  const std::string result = Field(record, 1);
+  if (result == input || result == "Error") return "";
+  return "Note:  The expression can be simplified like this:||@" + input + "->" + result +
+         "@  ||There is nothing to expand.";
+}
+
 }  // namespace tavimor

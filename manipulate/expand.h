@@ -39,6 +39,13 @@ std::string PowerToProduct(const Session& s, NodeIdx power);
 // system's integers.
 bool PowerByTheorem(Session& s, NodeIdx power, std::string& expansion, std::string& formula);
 
+// Expand on one side for the command frame: with `denominators` ExpandMode is 2 for the run and
+// 1 again afterwards. True if anything was expanded.
+bool ExpandSide(Session& s, NodeIdx side, bool denominators);
+// The note for a side that the first simplification changed but that had nothing to expand:
+// empty when the simplified form (field 1 of the record) is the input.
+std::string NothingToExpandNote(const std::string& input, const std::string& record);
+
 // The narration of a distribution step and of a theorem step from their record.
 std::string DistributionStepMessage(const std::string& record);
 std::string TheoremStepMessage(const std::string& record);

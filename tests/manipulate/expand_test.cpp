@@ -104,6 +104,22 @@ TEST_F(Expansion, SumInTheDenominatorTakesTheOtherDenominators) {
   EXPECT_NE(frontend.Transcript().find("Expand as @1/(x*x+x)@ ,"), std::string::npos);
 }
 
+TEST_F(Expansion, TermThatBecomesASumIsOpenedIntoItsSum) {
+  EXPECT_EQ(Expand("3+2(x+1)", 1), "2*x+5");
+  EXPECT_EQ(frontend.Transcript().rfind("Expand as @2*x+2+3@ ,\n\n. . . and simplify.", 0), 0u)
+      << frontend.Transcript();
+}
+
+TEST_F(Expansion, ContentOfAFunctionIsExpanded) { EXPECT_EQ(Expand("sin(2(x+1))"), "sin(2*x+2)"); }
+
+TEST_F(Expansion, PowerOfASumInTheDenominatorInTheRightClickForm) {
+  s.ExpandMode = 1;
+  EXPECT_EQ(Expand("1/(x+1)^2"), "1/(x+1)^2");
+  s.ExpandMode = 2;
+  EXPECT_EQ(Expand("1/(x+1)^2"), "1/(x^2+2*x+1)");
+  EXPECT_EQ(Expand("3/(x-1)^5"), "3/(x^5-5*x^4+10*x^3-10*x^2+5*x-1)");
+}
+
 TEST_F(Expansion, BracketInsideAnExponentIsNotTouched) {
   EXPECT_EQ(Expand("2^(x*(x+1))"), "2^(x*(x+1))");
   EXPECT_FALSE(expanded);
@@ -147,6 +163,24 @@ TEST_F(Expansion, NothingToExpandLeavesTheSimplifiedFormInFieldOne) {
   EXPECT_EQ(CountPieces(s.Message, kExpandRecordSeparator), 5);
   Expand("2x+1");
   EXPECT_EQ(GetPiece(s.Message, 1, kExpandRecordSeparator), "2*x+1");
+}
+
+TEST_F(Expansion, NoteTellsTheSimplifiedFormWhenNothingWasExpanded) {
+  Expand("x+x");
+  EXPECT_EQ(NothingToExpandNote("x+x", s.Message),
+            "Note:  The expression can be simplified like this:||@x+x->2*x@  ||There is nothing "
+            "to expand.");
+  Expand("2*x+1");
+  EXPECT_EQ(NothingToExpandNote("2*x+1", s.Message), "");
+}
+
+TEST_F(Expansion, SideIsExpandedWithDenominatorsOnlyWhenAsked) {
+  const NodeIdx side = Load("1/(x*(x+1))");
+  EXPECT_FALSE(ExpandSide(s, side, false));
+  EXPECT_EQ(s.ExpandMode, 1);
+  EXPECT_TRUE(ExpandSide(s, side, true));
+  EXPECT_EQ(N(side).Text, "1/(x^2+x)");
+  EXPECT_EQ(s.ExpandMode, 1);
 }
 
 TEST_F(Expansion, TheoremStatementIsLeftOutWhenItIsTooLong) {
