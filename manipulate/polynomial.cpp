@@ -199,6 +199,10 @@ std::vector<Complex> PolynomialRoots(Session& s, const std::vector<double>& coef
       static_cast<int>(coefficients.size()) <= degree) {
     throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");
   }
+  // The roots are those of the polynomial divided by its leading coefficient.
+  if (degree > 0 && coefficients[static_cast<std::size_t>(degree)] == 0.0) {
+    throw RunTimeError(RunTimeErrorNumber::DivisionByZero, "Division by zero");
+  }
   const int m = degree;
   std::vector<Complex> a(coefficients.begin(), coefficients.begin() + m + 1);
   std::vector<Complex> ad = a;

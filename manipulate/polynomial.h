@@ -28,7 +28,8 @@ bool IsPolynomial(Session& s, const std::string& text, std::vector<double>& coef
 void LaguerreRoot(Session& s, const std::vector<Complex>& a, int degree, Complex& x,
                   int& iterations);
 // All roots, each found on the deflated polynomial and polished on the whole one, sorted by
-// their real parts. A degree beyond 20 raises the run-time error of a full table.
+// their real parts. A degree beyond 20 raises the run-time error of a full table, a leading
+// coefficient 0 that of a division by zero.
 std::vector<Complex> PolynomialRoots(Session& s, const std::vector<double>& coefficients,
                                      int degree);
 

@@ -146,6 +146,27 @@ TEST_F(Polynomials, DegreeTwentyRootsOfUnity) {
   EXPECT_LT(WorstError(PolynomialRoots(s, p, 20), truth), 1e-9);
 }
 
+TEST_F(Polynomials, NoRootToFindEndsAfterEightyIterationsWithTheMessage) {
+  // A constant written as degree 2: every step is the circle of radius 1 + |x| at angle iter.
+  Complex x = 0.0;
+  int iterations = 0;
+  LaguerreRoot(s, {1.0, 0.0, 0.0}, 2, x, iterations);
+  EXPECT_EQ(iterations, 80);
+  ASSERT_EQ(frontend.messages.size(), 1u);
+  EXPECT_EQ(frontend.messages[0].text, "Too many iterations in Laguerre");
+  EXPECT_EQ(frontend.messages[0].icon, MessageIcon::Critical);
+}
+
+TEST_F(Polynomials, LeadingCoefficientZeroIsADivisionByZero) {
+  try {
+    PolynomialRoots(s, {1.0, 2.0, 0.0}, 2);
+    ADD_FAILURE() << "no error";
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), RunTimeErrorNumber::DivisionByZero);
+  }
+  EXPECT_TRUE(PolynomialRoots(s, {4.0}, 0).empty());
+}
+
 TEST_F(Polynomials, DegreeAboveTwentyRaisesTheRunTimeError) {
   std::vector<double> p(22, 1.0);
   EXPECT_THROW(PolynomialRoots(s, p, 21), RunTimeError);
