@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "cli/terminal_frontend.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 
@@ -20,7 +21,7 @@ std::string JsonList(const std::vector<std::string>& items) {
 
 std::string JsonString(const std::string& text) {
   std::string out = "\"";
-  for (const char c : text) {
+  for (const char c : ValidUtf8(text)) {
     switch (c) {
       case '"': out += "\\\""; break;
       case '\\': out += "\\\\"; break;
@@ -43,8 +44,8 @@ std::string JsonString(const std::string& text) {
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,
                          const std::vector<std::string>& hints,
-                         const std::optional<std::string>& error) {
-  const bool loaded = !s.Form.item_kind.empty();
+                         const std::optional<std::string>& error, bool show_item) {
+  const bool loaded = show_item && !s.Form.item_kind.empty();
   const std::vector<std::string> status(s.Form.status_panels.begin(), s.Form.status_panels.end());
   std::string out = "{";
   out += "\"kind\": " + (loaded ? JsonString(s.Form.item_kind) : std::string("null"));

@@ -10,12 +10,15 @@
 
 namespace tavimor {
 
+// The text as a JSON string: always valid UTF-8 (a stray byte becomes U+FFFD), control
+// characters escaped.
 std::string JsonString(const std::string& text);
 
-// kind, panel, left, right, transcript, help, status, messages, hints, error.
+// kind, panel, left, right, transcript, help, status, messages, hints, error. Without
+// `show_item` (a line that was never loaded) kind and panel are null and the sides empty.
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,
                          const std::vector<std::string>& hints,
-                         const std::optional<std::string>& error);
+                         const std::optional<std::string>& error, bool show_item = true);
 
 }  // namespace tavimor

@@ -6,9 +6,13 @@
 #include <string>
 #include <vector>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include "cli/command_guess.h"
+#include "cli/course_list.h"
 #include "cli/json_output.h"
+#include "cli/line_editor.h"
 #include "cli/terminal_frontend.h"
 #include "cli/tree_command.h"
 #include "core/session.h"
@@ -44,7 +48,9 @@ Options:
                     transcript (each picture as @mathematics@), help, status
                     (the nine status panels), messages, hints, error.
   --batch FILE      Each line of FILE is a fresh load in one session; with --json
-                    one object per line. The count and time go to standard error.
+                    exactly one object per line, with its error. The count and time
+                    go to standard error; the exit status is that of the first line
+                    that failed (0 when none did).
   --set KEY=VALUE   Sets an option by its settings key, for example
                     --set "Special P=True"  --set "Complex form=1"  --set Unknown=t
                     Flags take True or False; numbers must lie in the range the
@@ -55,8 +61,12 @@ Options:
                     elsewhere ends evaluate with a note on standard error (status 64).
   --file PATH       Opens an algebra file before the item is loaded, as Open does, so
                     that a new item is remembered in it (a known one shows its comment).
-  --save            Saves the list to that file after the commands.
-  --save-as PATH    Saves the list to PATH after the commands.
+                    In the interactive tutor, 'list', 'next' and 'open N' walk its
+                    problems. Without --file or --save-as no list is kept.
+  --save            Saves the list to that file after the commands (or at the end of
+                    the interactive tutor or the batch), also when nothing changed.
+  --save-as PATH    Saves the list to PATH in the same way. A save that fails says
+                    why and ends with status 1.
   --list            With --file: prints its topics, subtopics and problems with their
                     comments, indented.
   --help            Shows this text.
@@ -66,6 +76,11 @@ prints the tree of the left side, and for an equation a line "=" and the tree of
 the right side; the items of a set are parted by a line ";". One node per line:
 two blanks of indentation per level, the Role code, the Kind code, five blanks and
 the node's Text; a blank code shows as a pilcrow.
+
+The interactive tutor edits lines at a terminal (history, Tab completes a
+command word) and takes, beside the commands below: help, status [N], clear,
+list, open N, next (the problems of --file), load ITEM (load a word that looks
+like a command), quit. A word close to a command is questioned, never loaded.
 
 The tutor starts from the first-run options, never from saved settings, so that
 its output is the same on every machine.
@@ -85,7 +100,8 @@ struct CliOptions {
   std::string file;     // an algebra file opened before the item is loaded
   bool save = false;    // save the list to it afterwards
   std::string save_as;  // or to this file
-  bool list = false;    // print the list instead
+  bool save_as_given = false;
+  bool list = false;                                        // print the list instead
   std::vector<std::pair<std::string, std::string>> values;  // letter and value, for evaluate
 };
 
@@ -112,7 +128,7 @@ bool OpenFile(Session& s, const CliOptions& options) {
   if (options.file.empty()) return true;
   const ReadOutcome outcome = ReadAlgebraFile(s, options.file);
   if (!outcome.ok) {
-    std::cerr << outcome.problem << '\n';
+    std::cerr << PrintableText(outcome.problem) << '\n';
     return false;
   }
   s.FileName = options.file;
@@ -125,13 +141,26 @@ bool OpenFile(Session& s, const CliOptions& options) {
   return true;
 }
 
-// Saves the list where the options say; "File not saved." on failure.
+// Whether the run keeps a list of problems: only when there is a file to save it to.
+bool KeepsList(const CliOptions& options) { return !options.file.empty() || options.save_as_given; }
+
+// Without a file, the problems typed are not remembered: the list stays empty.
+void ForgetList(Session& s, const CliOptions& options) {
+  if (KeepsList(options)) return;
+  s.ListEntries.clear();
+  s.Form.equation_box_items.clear();
+  s.Form.equation_box_selected = -1;
+  s.EqnInsertPos = 1;
+  s.EqnAddedFlag = false;
+}
+
+// Saves the list where the options say; "File not saved." and why on failure.
 int SaveFile(Session& s, const CliOptions& options) {
-  const std::string path =
-      !options.save_as.empty() ? options.save_as : (options.save ? s.FileName : "");
-  if (path.empty()) return kExitOk;
-  if (!WriteAlgebraFile(s, path)) {
-    std::cerr << "File not saved.\n";
+  if (!options.save && !options.save_as_given) return kExitOk;
+  const std::string path = options.save_as_given ? options.save_as : s.FileName;
+  std::string reason;
+  if (!WriteAlgebraFile(s, path, &reason)) {
+    std::cerr << PrintableText(FileNotSavedText(reason)) << '\n';
     return kExitNotSaved;
   }
   s.FileName = path;
@@ -139,36 +168,18 @@ int SaveFile(Session& s, const CliOptions& options) {
   return kExitOk;
 }
 
-// The topics, subtopics and problems of the list with their comments, indented.
-void PrintList(const Session& s, std::ostream& out) {
-  int depth = 0;
-  const auto comment_lines = [&out](const std::string& text, int indent) {
-    std::size_t start = 0;
-    while (start <= text.size()) {
-      std::size_t end = text.find("\r\n", start);
-      const std::string line = text.substr(start, end == std::string::npos ? end : end - start);
-      out << std::string(static_cast<std::size_t>(indent), ' ') << "# " << line << '\n';
-      if (end == std::string::npos) break;
-      start = end + 2;
-    }
-  };
-  for (const std::string& entry : s.ListEntries) {
-    if (entry.rfind("Topic:", 0) == 0) {
-      depth = 1;
-      out << entry.substr(6) << '\n';
-    } else if (entry.rfind("SubTop:", 0) == 0) {
-      depth = 2;
-      out << "  " << entry.substr(7) << '\n';
-    } else if (entry.rfind("Eqn:", 0) == 0) {
-      out << std::string(static_cast<std::size_t>(2 * depth), ' ') << entry.substr(4) << '\n';
-    } else if (entry.rfind("Comment:", 0) == 0 && entry.size() > 8) {
-      comment_lines(entry.substr(8), 2 * depth + 2);
-    }
-  }
+// A file given to read must be a regular file (or not exist, for the reader to say so).
+bool RefuseIrregularFile(const std::string& path, const char* what) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0 || S_ISREG(info.st_mode)) return false;
+  std::cerr << "tavimor-cli: the " << what << " " << PrintableText(path)
+            << (S_ISDIR(info.st_mode) ? " is a folder" : " is not a regular file")
+            << ": give a text file.\n";
+  return true;
 }
 
 int Usage(const std::string& problem) {
-  std::cerr << "tavimor-cli: " << problem << "\nTry 'tavimor-cli --help'.\n";
+  std::cerr << "tavimor-cli: " << PrintableText(problem) << "\nTry 'tavimor-cli --help'.\n";
   return kExitUsage;
 }
 
@@ -187,11 +198,14 @@ bool StartSession(Session& s, const CliOptions& options, std::string& error) {
   return true;
 }
 
-// Runs one command word; on a refusal prints why and returns false.
-bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error) {
+// Runs one command word. On a refusal returns false with the sentence that says why in
+// `refusal`; a command that ran and failed leaves its message in `error`.
+bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error,
+             std::string& refusal) {
   const CommandWord* entry = FindCommandWord(word);
   if (entry == nullptr) {
-    std::cerr << "Unknown command \"" << word << "\". 'tavimor-cli --help' lists the commands.\n";
+    refusal =
+        "Unknown command \"" + PrintableText(word) + "\". 'tavimor-cli --help' lists the commands.";
     return false;
   }
   std::string message;
@@ -201,22 +215,23 @@ bool RunWord(Session& s, const std::string& word, std::optional<std::string>& er
       return true;
     case PressOutcome::NotOnOffer: {
       const int panel = PanelOfButton(entry->button);
-      std::cerr << "The command \"" << word << "\" is not on offer now";
+      refusal = "The command \"" + word + "\" is not on offer now";
       if (panel >= 0 && panel != s.Form.visible_panel) {
-        std::cerr << ": its button is on the " << PanelCaption(s, panel) << " panel";
+        refusal += ": its button is on the " + PanelCaption(s, panel) + " panel";
       }
-      std::cerr << ".\n";
+      refusal += ".";
       return false;
     }
     case PressOutcome::NotBuilt:
-      std::cerr << "The command \"" << word
-                << "\" is not available yet: its part of the tutor has not been built.\n";
+      refusal = "The command \"" + word +
+                "\" is not available yet: its part of the tutor has not been built.";
       return false;
   }
   return false;
 }
 
-// Loads the item, runs the words, and prints the work space or the JSON object.
+// Loads the item, runs the words, and prints the work space or the JSON object (always one,
+// whatever failed).
 int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
             const std::vector<std::string>& words, bool json, std::ostream& out) {
   frontend.Reset();
@@ -232,11 +247,17 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
   }
   if (status == kExitOk) {
     for (const std::string& word : words) {
-      if (!RunWord(s, word, error)) return kExitUnknownCommand;
+      std::string refusal;
+      if (!RunWord(s, word, error, refusal)) {
+        std::cerr << refusal << '\n';
+        error = refusal;
+        status = kExitUnknownCommand;
+        break;
+      }
     }
   }
   if (json) {
-    if (status != kExitOk && !frontend.Messages().empty()) error = frontend.Messages().back();
+    if (status == kExitRefused && !frontend.Messages().empty()) error = frontend.Messages().back();
     out << WorkItemJson(s, frontend.WorkSpace(), frontend.Messages(), frontend.Hints(), error)
         << '\n';
   } else if (status == kExitOk) {
@@ -245,18 +266,31 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       started = started || !line.empty();
       if (started) out << PrintableText(line) << '\n';
     }
-    for (const std::string& hint : frontend.Hints()) out << "Hint: " << hint << '\n';
+    for (const std::string& hint : frontend.Hints()) {
+      out << "Hint: " << PrintableText(hint) << '\n';
+    }
   }
   // A value evaluate asked for and nobody gave: a mistake on the command line.
   for (const std::string& letter : frontend.MissingValues()) {
     std::cerr << "tavimor-cli: evaluate needs a value for " << letter << ": give --values \""
               << letter << "=...\".\n";
-    status = kExitUsage;
+    if (status == kExitOk) status = kExitUsage;
   }
   return status;
 }
 
+// One batch line refused before it could be loaded: its object, or its note.
+int RefuseLine(Session& s, const std::string& problem, bool json, std::ostream& out) {
+  std::cerr << problem << '\n';
+  if (json) {
+    const std::vector<std::string> messages = {problem};
+    out << WorkItemJson(s, {}, messages, {}, problem, false) << '\n';
+  }
+  return kExitRefused;
+}
+
 int RunBatch(const CliOptions& options) {
+  if (RefuseIrregularFile(options.batch, "batch file")) return kExitRefused;
   std::ifstream file(options.batch, std::ios::binary);
   if (!file) return Usage("cannot read the batch file \"" + options.batch + "\".");
   TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);
@@ -265,32 +299,53 @@ int RunBatch(const CliOptions& options) {
   frontend.AttachSession(s);
   std::string error;
   if (!StartSession(s, options, error)) return Usage(error);
+  if (!OpenFile(s, options)) return kExitRefused;
   const auto start = std::chrono::steady_clock::now();
   int lines = 0;
-  for (std::string line; std::getline(file, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (line.find_first_not_of(" \t") == std::string::npos) continue;
+  int failed = 0;
+  int first_failure = kExitOk;
+  std::string line;
+  bool too_long = false;
+  while (ReadBoundedLine(file, line, kMaxLineBytes, too_long)) {
+    if (!too_long && line.find_first_not_of(" \t") == std::string::npos) continue;
     ++lines;
     const std::size_t tab = line.find('\t');
     const std::string item = line.substr(0, tab);
-    std::vector<std::string> words;
-    if (tab != std::string::npos) {
-      std::string rest = line.substr(tab + 1);
-      for (std::size_t at = 0; at < rest.size();) {
-        const std::size_t end = rest.find_first_of(" \t", at);
-        const std::string word = rest.substr(at, end == std::string::npos ? end : end - at);
-        if (!word.empty()) words.push_back(word);
-        if (end == std::string::npos) break;
-        at = end + 1;
+    if (!options.json) std::cout << "== " << PrintableText(item) << '\n';
+    int status = kExitOk;
+    if (too_long) {
+      frontend.Reset();
+      status = RefuseLine(s,
+                          "Line " + std::to_string(lines) + " is longer than " +
+                              std::to_string(kMaxLineBytes) + " bytes and is not read.",
+                          options.json, std::cout);
+    } else {
+      std::vector<std::string> words;
+      if (tab != std::string::npos) {
+        const std::string rest = line.substr(tab + 1);
+        for (std::size_t at = 0; at < rest.size();) {
+          const std::size_t end = rest.find_first_of(" \t", at);
+          const std::string word = rest.substr(at, end == std::string::npos ? end : end - at);
+          if (!word.empty()) words.push_back(word);
+          if (end == std::string::npos) break;
+          at = end + 1;
+        }
       }
+      status = RunItem(s, frontend, item, words, options.json, std::cout);
+      ForgetList(s, options);
     }
-    if (!options.json) std::cout << "== " << item << '\n';
-    RunItem(s, frontend, item, words, options.json, std::cout);
+    if (status != kExitOk) {
+      ++failed;
+      if (first_failure == kExitOk) first_failure = status;
+    }
   }
   const double seconds =
       std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  std::cerr << lines << " lines in " << seconds << " s\n";
-  return kExitOk;
+  std::cerr << lines << " lines in " << seconds << " s";
+  if (failed > 0) std::cerr << ", " << failed << " failed";
+  std::cerr << '\n';
+  const int saved = SaveFile(s, options);
+  return saved != kExitOk ? saved : first_failure;
 }
 
 void PrintOffers(const Session& s, std::ostream& out) {
@@ -313,68 +368,207 @@ void PrintStatus(const Session& s, std::ostream& out) {
   }
 }
 
-int Interactive(const CliOptions& options) {
-  const bool terminal = isatty(STDIN_FILENO) != 0;
-  TerminalFrontend frontend(std::cout, std::cerr, std::cin, true);
-  frontend.SetGivenValues(options.values);
-  Session s(frontend);
-  frontend.AttachSession(s);
-  std::string error;
-  if (!StartSession(s, options, error)) return Usage(error);
-  if (terminal) {
-    std::cout << "The Tavimor. Type an expression or an equation and press Enter, then a command.\n"
-                 "'help' lists the commands, 'status' the options, 'quit' ends.\n";
+// The words of the interactive tutor itself, beside the command words of the buttons.
+const std::vector<std::string>& SessionWords() {
+  static const std::vector<std::string> words = {"help", "status", "clear", "quit", "exit",
+                                                 "list", "next",   "open",  "load"};
+  return words;
+}
+
+std::vector<std::string> AllWords() {
+  std::vector<std::string> words;
+  for (const CommandWord& word : CommandWords()) words.emplace_back(word.word);
+  for (const std::string& word : SessionWords()) words.push_back(word);
+  return words;
+}
+
+void PrintHelp(std::ostream& out) {
+  for (const CommandWord& word : CommandWords()) {
+    out << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ') << word.what
+        << '\n';
   }
-  for (std::string line;;) {
-    if (terminal) std::cout << "> " << std::flush;
-    if (!std::getline(std::cin, line)) break;
-    const std::size_t first = line.find_first_not_of(' ');
-    if (first == std::string::npos) continue;
-    line = line.substr(first, line.find_last_not_of(' ') - first + 1);
-    if (line == "quit" || line == "exit") break;
-    if (line == "help") {
-      for (const CommandWord& word : CommandWords()) {
-        std::cout << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ')
-                  << word.what << '\n';
+  out << "  status [N]            show the status bar, or click panel N (1 to 9)\n"
+         "  clear                 clear the work space\n"
+         "  list                  the problems of the file (--file), numbered\n"
+         "  open N                load problem N of the file\n"
+         "  next                  load the next problem of the file\n"
+         "  load ITEM             load ITEM even when it looks like a command\n"
+         "  quit                  end the session\n"
+         "Anything else is loaded as a new item.\n";
+}
+
+// The interactive tutor: one line a command or an item.
+class InteractiveTutor {
+ public:
+  InteractiveTutor(const CliOptions& options, Session& s, TerminalFrontend& frontend,
+                   LineEditor& editor)
+      : options_(options), s_(s), frontend_(frontend), editor_(editor) {}
+
+  void Run() {
+    if (editor_.Terminal()) {
+      std::cout
+          << "The Tavimor. Type an expression or an equation and press Enter, then a command.\n"
+             "'help' lists the commands, 'status' the options, 'quit' ends.\n";
+      if (!options_.file.empty()) {
+        std::cout << "'list' shows the problems of the file, 'open N' loads one, 'next' the "
+                     "next.\n";
       }
-      std::cout << "  status [N]            show the status bar, or click panel N (1 to 9)\n"
-                   "  clear                 clear the work space\n"
-                   "  quit                  end the session\n"
-                   "Anything else is loaded as a new item.\n";
-      continue;
     }
-    if (line == "status") {
-      PrintStatus(s, std::cout);
-      continue;
+    std::string line;
+    bool too_long = false;
+    while (editor_.Read("> ", line, too_long)) {
+      if (too_long) {
+        std::cout << "The line is longer than " << kMaxLineBytes << " bytes and is not read.\n";
+        continue;
+      }
+      const std::size_t first = line.find_first_not_of(" \t");
+      if (first == std::string::npos) continue;
+      line = line.substr(first, line.find_last_not_of(" \t") - first + 1);
+      editor_.Remember(line);
+      if (line == "quit" || line == "exit") break;
+      frontend_.Reset();  // nothing of an earlier command is kept
+      Handle(line);
+      std::cout << std::flush;
     }
-    if (line.rfind("status ", 0) == 0) {
+  }
+
+ private:
+  void Handle(const std::string& line) {
+    if (line == "help") {
+      PrintHelp(std::cout);
+    } else if (line == "status") {
+      PrintStatus(s_, std::cout);
+    } else if (line.rfind("status ", 0) == 0) {
       const int panel = std::atoi(line.c_str() + 7);
       if (panel < 1 || panel > 9) {
         std::cout << "The status bar has panels 1 to 9.\n";
       } else {
-        ClickStatusPanel(s, panel);
-        PrintStatus(s, std::cout);
+        ClickStatusPanel(s_, panel);
+        PrintStatus(s_, std::cout);
       }
-      continue;
+    } else if (line == "clear") {
+      frontend_.ClearWorkSpace();
+    } else if (line == "list") {
+      if (NeedsFile()) PrintCourse(s_, std::cout, true);
+    } else if (line == "next") {
+      if (NeedsFile()) Open(current_problem_ + 1);
+    } else if (line == "open" || line.rfind("open ", 0) == 0) {
+      if (!NeedsFile()) return;
+      const std::string number = line.size() > 5 ? line.substr(5) : "";
+      const bool digits = !number.empty() && number.size() < 6 &&
+                          number.find_first_not_of("0123456789") == std::string::npos;
+      if (!digits) {
+        std::cout << "open takes the number of a problem, as 'list' shows it.\n";
+      } else {
+        Open(std::atoi(number.c_str()));
+      }
+    } else if (line == "load") {
+      std::cout << "load takes the item to load, for example: load hint\n";
+    } else if (line.rfind("load ", 0) == 0) {
+      Load(line.substr(5));
+    } else if (FindCommandWord(line) != nullptr) {
+      Command(line);
+    } else if (const std::string guess = GuessCommandWord(line, AllWords()); !guess.empty()) {
+      std::cout << "Did you mean " << guess << "?  To load \"" << PrintableText(line)
+                << "\" as a problem, type: load " << PrintableText(line) << '\n';
+    } else {
+      Load(line);
     }
-    if (line == "clear") {
-      frontend.ClearWorkSpace();
-      continue;
+  }
+
+  bool NeedsFile() {
+    if (!options_.file.empty()) return true;
+    std::cout << "No file is open: start the tutor with --file PATH to walk its problems.\n";
+    return false;
+  }
+
+  void Open(int number) {
+    const std::vector<std::string> problems = CourseProblems(s_);
+    if (problems.empty()) {
+      std::cout << "The file holds no problems.\n";
+      return;
+    }
+    if (number < 1 || number > static_cast<int>(problems.size())) {
+      std::cout << (number == static_cast<int>(problems.size()) + 1 && current_problem_ > 0
+                        ? "That was the last problem of the file; 'open 1' starts again.\n"
+                        : "The file's problems are numbered 1 to " +
+                              std::to_string(problems.size()) + ".\n");
+      return;
+    }
+    current_problem_ = number;
+    std::cout << "Problem " << number << " of " << problems.size() << ":\n";
+    Load(problems[static_cast<std::size_t>(number - 1)]);
+  }
+
+  void Load(const std::string& item) {
+    if (cmdLoadEquation(s_, item, false)) {
+      last_item_ = item;
+      refused_since_ = false;
+    } else if (!last_item_.empty()) {
+      refused_since_ = true;
+    }
+    ForgetList(s_, options_);
+    After();
+  }
+
+  void Command(const std::string& word) {
+    if (s_.Form.item_kind.empty()) {
+      std::cout << "Type an item first.\n";
+      return;
+    }
+    if (refused_since_) {
+      std::cout << "(" << word << " works on " << PrintableText(WorkItemText())
+                << ", the item before the one refused.)\n";
+      refused_since_ = false;
     }
     std::optional<std::string> failed;
-    if (FindCommandWord(line) != nullptr) {
-      if (s.Form.item_kind.empty()) {
-        std::cout << "Type an item first.\n";
-        continue;
-      }
-      RunWord(s, line, failed);
-    } else {
-      cmdLoadEquation(s, line, false);
-    }
-    frontend.Flush();
-    if (!s.Form.item_kind.empty()) PrintOffers(s, std::cout);
+    std::string refusal;
+    if (!RunWord(s_, word, failed, refusal)) std::cerr << refusal << '\n';
+    After();
   }
-  return kExitOk;
+
+  // The work item as it stands: both sides of an equation, the typed text of a set.
+  std::string WorkItemText() const {
+    if (s_.Form.item_kind == "set of equations") return last_item_;
+    const std::string& right = s_.Pool[kRightRoot].Text;
+    return s_.Pool[kLeftRoot].Text + (s_.Form.item_kind == "equation" ? "=" + right : "");
+  }
+
+  void After() {
+    frontend_.Flush();
+    if (!s_.Form.item_kind.empty()) PrintOffers(s_, std::cout);
+  }
+
+  const CliOptions& options_;
+  Session& s_;
+  TerminalFrontend& frontend_;
+  LineEditor& editor_;
+  std::string last_item_;
+  bool refused_since_ = false;
+  int current_problem_ = 0;
+};
+
+int Interactive(const CliOptions& options) {
+  LineEditor editor(std::cin, std::cout, AllWords());
+  TerminalFrontend frontend(std::cout, std::cerr, std::cin, true);
+  frontend.SetGivenValues(options.values);
+  frontend.SetLineSource([&editor](const std::string& prompt, std::string& line) {
+    bool too_long = false;
+    if (!editor.Terminal()) std::cout << prompt << std::flush;
+    return editor.Read(prompt, line, too_long);
+  });
+  Session s(frontend);
+  frontend.AttachSession(s);
+  std::string error;
+  if (!StartSession(s, options, error)) return Usage(error);
+  if (!OpenFile(s, options)) return kExitRefused;
+  InteractiveTutor tutor(options, s, frontend, editor);
+  tutor.Run();
+  if (!options.save && !options.save_as_given && HasUnsavedChanges(s)) {
+    std::cerr << "The new problems are not saved in " << PrintableText(options.file)
+              << ": give --save to keep them.\n";
+  }
+  return SaveFile(s, options);
 }
 
 int Main(int argc, char** argv) {
@@ -420,6 +614,7 @@ int Main(int argc, char** argv) {
     } else if (arg == "--save-as") {
       if (++i >= all.size()) return Usage("--save-as needs a PATH.");
       options.save_as = all[i];
+      options.save_as_given = true;
     } else if (arg == "--list") {
       options.list = true;
     } else if (arg == "--batch") {
@@ -451,6 +646,8 @@ int Main(int argc, char** argv) {
     if (!StartSession(check, options, error)) return Usage(error);
   }
   if (options.save && options.file.empty()) return Usage("--save needs --file PATH to save to.");
+  if (options.save && options.save_as_given) return Usage("give --save or --save-as, not both.");
+  if (!options.file.empty() && RefuseIrregularFile(options.file, "file")) return kExitRefused;
   if (options.list) {
     if (options.file.empty()) return Usage("--list needs --file PATH.");
     TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);
@@ -458,8 +655,8 @@ int Main(int argc, char** argv) {
     std::string error;
     StartSession(s, options, error);
     if (!OpenFile(s, options)) return kExitRefused;
-    PrintList(s, std::cout);
-    return kExitOk;
+    PrintCourse(s, std::cout, false);
+    return SaveFile(s, options);
   }
   if (!options.batch.empty()) {
     if (!args.empty()) return Usage("--batch takes no ITEM.");
@@ -485,8 +682,9 @@ int Main(int argc, char** argv) {
   const std::vector<std::string> words(args.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                                        args.end());
   const int status = RunItem(s, frontend, args[i], words, options.json, std::cout);
-  if (status != kExitOk) return status;
-  return SaveFile(s, options);
+  // The file is saved whatever became of the item: a refused item leaves the list as it was.
+  const int saved = SaveFile(s, options);
+  return saved != kExitOk ? saved : status;
 }
 
 }  // namespace

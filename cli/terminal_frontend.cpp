@@ -9,18 +9,112 @@
 
 namespace tavimor {
 
-std::string PrintableText(const std::string& text) {
+namespace {
+
+// The length of the valid UTF-8 sequence at `at`, or 0.
+std::size_t Utf8Length(const std::string& text, std::size_t at, char32_t& code) {
+  const auto byte = [&text](std::size_t k) { return static_cast<unsigned char>(text[k]); };
+  const unsigned char lead = byte(at);
+  std::size_t length = 0;
+  char32_t minimum = 0;
+  if (lead < 0x80) {
+    code = lead;
+    return 1;
+  }
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    length = 2, code = lead & 0x1F, minimum = 0x80;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    length = 3, code = lead & 0x0F, minimum = 0x800;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    length = 4, code = lead & 0x07, minimum = 0x10000;
+  } else {
+    return 0;
+  }
+  if (at + length > text.size()) return 0;
+  for (std::size_t k = 1; k < length; ++k) {
+    if ((byte(at + k) & 0xC0) != 0x80) return 0;
+    code = (code << 6) | (byte(at + k) & 0x3F);
+  }
+  if (code < minimum || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return 0;
+  return length;
+}
+
+constexpr const char* kReplacement = "\xEF\xBF\xBD";  // U+FFFD
+
+}  // namespace
+
+std::string ValidUtf8(const std::string& text) {
   std::string out;
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if ((code < 0x20 && c != '\n' && c != '\t') || code == 0x7F) {
-      out += '^';
-      out += static_cast<char>(code == 0x7F ? '?' : code + 0x40);
+  out.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    char32_t code = 0;
+    const std::size_t length = Utf8Length(text, at, code);
+    if (length == 0) {
+      out += kReplacement;
+      ++at;
     } else {
-      out += c;
+      out.append(text, at, length);
+      at += length;
     }
   }
   return out;
+}
+
+std::string PrintableText(const std::string& text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    char32_t code = 0;
+    const std::size_t length = Utf8Length(text, at, code);
+    if (length == 0) {
+      out += kReplacement;
+      ++at;
+      continue;
+    }
+    if ((code < 0x20 && code != '\n' && code != '\t') || code == 0x7F) {
+      out += '^';
+      out += static_cast<char>(code == 0x7F ? '?' : code + 0x40);
+    } else if (code >= 0x80 && code < 0xA0) {
+      out += "^[";  // a C1 control is the escape sequence ESC and this letter
+      out += static_cast<char>(code - 0x40);
+    } else {
+      out.append(text, at, length);
+    }
+    at += length;
+  }
+  return out;
+}
+
+bool ReadBoundedLine(std::istream& in, std::string& line, std::size_t max, bool& too_long) {
+  line.clear();
+  too_long = false;
+  std::streambuf* buffer = in.rdbuf();
+  if (buffer == nullptr) return false;
+  bool any = false;
+  for (;;) {
+    const int c = buffer->sbumpc();
+    if (c == std::char_traits<char>::eof()) {
+      in.setstate(std::ios::eofbit);
+      if (!any) in.setstate(std::ios::failbit);
+      break;
+    }
+    any = true;
+    if (c == '\n') break;
+    if (line.size() < max) {
+      line += static_cast<char>(c);
+    } else {
+      too_long = true;
+    }
+  }
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return any;
+}
+
+bool TerminalFrontend::ReadAnswer(const std::string& prompt, std::string& answer) {
+  if (line_source_) return line_source_(prompt, answer);
+  out_ << prompt << std::flush;
+  bool too_long = false;
+  return ReadBoundedLine(in_, answer, kMaxLineBytes, too_long);
 }
 
 void TerminalFrontend::PrintLines(const RichText& runs) {
@@ -30,8 +124,10 @@ void TerminalFrontend::PrintLines(const RichText& runs) {
 }
 
 void TerminalFrontend::AppendToWorkSpace(const RichRun& run) {
-  work_space_.push_back(run);
-  if (!live_) return;
+  if (!live_) {
+    work_space_.push_back(run);
+    return;
+  }
   pending_line_.push_back(run);
   if (run.kind == RunKind::LineEnd) {
     PrintLines(pending_line_);
@@ -63,9 +159,10 @@ PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {
   if (!live_) return PauseInput::Continue;
   Flush();
   for (;;) {
-    out_ << "  [Enter: next step   q: stop   h: help] " << std::flush;
     std::string answer;
-    if (!std::getline(in_, answer)) return PauseInput::Escape;
+    if (!ReadAnswer("  [Enter: next step   q: stop   h: help] ", answer)) {
+      return PauseInput::Escape;
+    }
     if (answer.empty()) return PauseInput::Continue;
     if (answer == "q" || answer == "Q") return PauseInput::Escape;
     if (answer == "h" || answer == "H" || answer == "?") return PauseInput::Help;
@@ -79,8 +176,10 @@ void TerminalFrontend::ShowMessageBox(const std::string& text, int, MessageIcon)
 }
 
 void TerminalFrontend::ShowHintBox(const RichText& body, int) {
-  hints_.push_back(PlainText(body));
-  if (!live_) return;
+  if (!live_) {
+    hints_.push_back(PlainText(body));
+    return;
+  }
   Flush();
   out_ << "Hint:\n";
   PrintLines(body);
@@ -89,18 +188,19 @@ void TerminalFrontend::ShowHintBox(const RichText& body, int) {
 bool TerminalFrontend::AskYesNo(const std::string& question) {
   if (!live_) return false;
   Flush();
-  out_ << question << " (y/n) " << std::flush;
   std::string answer;
-  return std::getline(in_, answer) && !answer.empty() && (answer[0] == 'y' || answer[0] == 'Y');
+  return ReadAnswer(PrintableText(question) + " (y/n) ", answer) && !answer.empty() &&
+         (answer[0] == 'y' || answer[0] == 'Y');
 }
 
 std::optional<std::string> TerminalFrontend::AskText(const std::string& question,
                                                      const std::string& suggestion) {
   if (!live_) return std::nullopt;
   Flush();
-  out_ << question << " [" << suggestion << "] " << std::flush;
   std::string answer;
-  if (!std::getline(in_, answer)) return std::nullopt;
+  if (!ReadAnswer(PrintableText(question) + " [" + PrintableText(suggestion) + "] ", answer)) {
+    return std::nullopt;
+  }
   return answer.empty() ? suggestion : answer;
 }
 
@@ -121,11 +221,10 @@ std::optional<std::vector<std::string>> TerminalFrontend::AskValues(
     }
     Flush();
     const std::string suggestion = k < suggestions.size() ? suggestions[k] : "";
-    out_ << letter << " = ";
-    if (!suggestion.empty()) out_ << "[" << suggestion << "] ";
-    out_ << std::flush;
+    std::string prompt = letter + " = ";
+    if (!suggestion.empty()) prompt += "[" + PrintableText(suggestion) + "] ";
     std::string answer;
-    if (!std::getline(in_, answer)) return std::nullopt;
+    if (!ReadAnswer(prompt, answer)) return std::nullopt;
     values.push_back(answer.empty() ? suggestion : answer);
   }
   if (!missing_values_.empty()) return std::nullopt;

@@ -2,6 +2,7 @@
 // with its mathematics set in two dimensions; pauses and questions at the prompt.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -14,17 +15,36 @@
 
 namespace tavimor {
 
-// Control characters shown in caret notation, so that they never act on the terminal.
+// Control characters shown in caret notation (a C1 control as the escape sequence it stands
+// for, ^[ and a letter), so that they never act on the terminal; a byte that is no part of valid
+// UTF-8 becomes U+FFFD. Line feeds and tabs stay.
 std::string PrintableText(const std::string& text);
+// The text as valid UTF-8: each byte that is no part of a valid sequence becomes U+FFFD.
+std::string ValidUtf8(const std::string& text);
+
+// The longest line the terminal tutor reads, from the keyboard, a pipe or a batch file.
+inline constexpr std::size_t kMaxLineBytes = 1u << 20;
+
+// Reads one line of at most `max` bytes; the rest of a longer line is read and dropped, and
+// `too_long` says so. A line end is LF, CR LF or CR at the end of the input. False at the end
+// of the input.
+bool ReadBoundedLine(std::istream& in, std::string& line, std::size_t max, bool& too_long);
+
+// Where the answers typed at a prompt come from: shows the prompt, reads a line; false at the
+// end of the input.
+using LineSource = std::function<bool(const std::string& prompt, std::string& line)>;
 
 class TerminalFrontend : public Frontend {
  public:
-  // With `live`, the work space is printed line by line as it is written, and pauses and
-  // questions are asked on `in`; otherwise nothing waits and questions take their defaults.
+  // With `live`, the work space is printed line by line as it is written and not kept, and
+  // pauses and questions are asked on `in`; otherwise nothing waits, questions take their
+  // defaults, and the work space is kept for printing.
   TerminalFrontend(std::ostream& out, std::ostream& err, std::istream& in, bool live)
       : out_(out), err_(err), in_(in), live_(live) {}
 
   void AttachSession(Session& s) { s_ = &s; }
+  // The answers to pauses and questions are read through `source` (the line editor).
+  void SetLineSource(LineSource source) { line_source_ = std::move(source); }
 
   void AppendToWorkSpace(const RichRun& run) override;
   void ClearWorkSpace() override;
@@ -57,6 +77,7 @@ class TerminalFrontend : public Frontend {
 
  private:
   void PrintLines(const RichText& runs);
+  bool ReadAnswer(const std::string& prompt, std::string& answer);
 
   std::ostream& out_;
   std::ostream& err_;
@@ -70,6 +91,7 @@ class TerminalFrontend : public Frontend {
   std::vector<std::string> hints_;
   std::vector<std::pair<std::string, std::string>> given_values_;
   std::vector<std::string> missing_values_;
+  LineSource line_source_;
 };
 
 }  // namespace tavimor

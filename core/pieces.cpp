@@ -26,4 +26,13 @@ std::string GetPiece(std::string_view text, int index, std::string_view separato
   return std::string(text.substr(start, end == std::string_view::npos ? end : end - start));
 }
 
+void SetPiece(std::string& text, int index, std::string_view separator, std::string_view value) {
+  if (index < 1 || separator.empty()) return;
+  while (CountPieces(text, separator) < index) text += separator;
+  std::size_t start = 0;
+  for (int i = 1; i < index; ++i) start = text.find(separator, start) + separator.size();
+  const std::size_t end = text.find(separator, start);
+  text.replace(start, end == std::string::npos ? std::string::npos : end - start, value);
+}
+
 }  // namespace tavimor

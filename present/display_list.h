@@ -6,9 +6,10 @@
 
 namespace tavimor {
 
-// The two faces the typesetter asks for: the text face ("Times New Roman") and the face of
-// signs ("Symbol", whose signs are written here as Unicode characters: − ≤ ≥ → π °).
-enum class Face { Text, Sign };
+// The faces the typesetter asks for: the text face ("Times New Roman") for numbers and names of
+// functions, its italic for letters, and the face of signs ("Symbol", whose signs are written
+// here as Unicode characters: − ≤ ≥ → π °).
+enum class Face { Text, Sign, Italic };
 
 // How a front end measures text. Widths and heights are in points at the given size.
 class FontMetrics {

@@ -29,6 +29,32 @@ struct Box {
   float base = 0.0f;
 };
 
+// Spacing as good mathematical typesetting has it, in ems of the size in hand: a medium space
+// each side of a binary operator (none after a unary sign), none inside an exponent but a hair.
+constexpr float kMediumSpace = 4.0f / 18.0f;
+constexpr float kScriptSpace = 1.0f / 18.0f;
+// An exponent's baseline stands at least this far above its base's baseline; above a tall base,
+// its baseline is this far below the base's top (both in ems: of the base, of the exponent).
+constexpr float kSuperscriptShift = 0.38f;
+constexpr float kSuperscriptDrop = 0.386f;
+// Room either side of a relation, besides the blanks of its drawn string.
+constexpr float kRelationPad = 1.0f / 18.0f;
+// Room after an italic letter, so that its exponent does not touch its slant.
+constexpr float kItalicCorrection = 0.05f;
+
+// A fraction set on one line (inside an exponent): the slash, and brackets around a row that
+// would otherwise read wrongly, each as the x of its curve or -1.
+struct InlineFraction {
+  bool active = false;
+  float base = 0.0f;
+  float height = 0.0f;
+  float slash_x = 0.0f;
+  float top_open = -1.0f;
+  float top_close = -1.0f;
+  float bottom_open = -1.0f;
+  float bottom_close = -1.0f;
+};
+
 // One tree measured and drawn. Per-node extras (offsets of a container's content, the times
 // sign before a factor) live beside the pool's own layout fields.
 class Layout {
@@ -43,6 +69,7 @@ class Layout {
   // Measures the tree of `root` set at the base size.
   void MeasureTree(NodeIdx root) {
     node_size_[static_cast<std::size_t>(root)] = base_size_;
+    inline_[static_cast<std::size_t>(root)] = false;
     MeasureAll(root);
   }
   void MeasureAll(NodeIdx n);
@@ -61,7 +88,18 @@ class Layout {
   void UseSize(NodeIdx n) {
     size_ = node_size_[static_cast<std::size_t>(n)];
     sp_ = m_.TextWidth(" ", Face::Text, size_);
+    inline_now_ = inline_[static_cast<std::size_t>(n)];
   }
+  // The space each side of a binary operator: a medium space, a hair inside an exponent.
+  float OperatorSpace() const { return (inline_now_ ? kScriptSpace : kMediumSpace) * size_; }
+  // Whether a row of a fraction set on one line needs brackets to be read rightly: a sum, or a
+  // denominator of more than one factor.
+  bool RowNeedsBrackets(const std::vector<NodeIdx>& row, bool denominator) {
+    if (row.size() > 1) return denominator;
+    return row.size() == 1 && N(row[0]).Kind == kKindHiddenBracket;
+  }
+  Box MeasureInlineFraction(NodeIdx n, const std::vector<NodeIdx>& top,
+                            const std::vector<NodeIdx>& bottom);
   float Width(const std::string& text, Face face) const { return m_.TextWidth(text, face, size_); }
   float CurrentAscent() const { return m_.Ascent(Face::Text, size_); }
   float CurrentDescent() const { return m_.Descent(Face::Text, size_); }
@@ -97,7 +135,10 @@ class Layout {
   float base_size_;
   float size_;
   float sp_;
+  bool inline_now_ = false;
   std::array<float, kPoolSize + 1> node_size_{};
+  std::array<bool, kPoolSize + 1> inline_{};  // set on one line: inside an exponent
+  std::array<InlineFraction, kPoolSize + 1> inline_fraction_{};
   std::array<float, kPoolSize + 1> content_x_{};
   std::array<float, kPoolSize + 1> content_y_{};
   std::array<bool, kPoolSize + 1> times_before_{};
@@ -117,6 +158,7 @@ std::vector<std::pair<std::string, Face>> Layout::LeafRuns(NodeIdx n) {
   if (node.Kind == kKindVariable) {
     if (t == "p" && s_.SpecialP) return {{kPi, Face::Sign}};
     if (t == "d" && s_.SpecialD) return {{kDegree, Face::Sign}};
+    return {{t, Face::Italic}};
   }
   return {{t, Face::Text}};
 }
@@ -137,6 +179,7 @@ void Layout::MeasureAll(NodeIdx n) {
     const bool exponent = N(n).Kind == kKindPower && c == N(n).FirstChild;
     node_size_[static_cast<std::size_t>(c)] =
         exponent ? std::max(0.7f * size, 0.5f * base_size_) : size;
+    inline_[static_cast<std::size_t>(c)] = exponent || inline_[static_cast<std::size_t>(n)];
     MeasureAll(c);
   }
   UseSize(n);
@@ -155,13 +198,22 @@ void Layout::MeasureAll(NodeIdx n) {
     const NodeIdx b = N(e).Next;
     const Box be = BoxOf(e);
     const Box bb = BoxOf(b);
-    // The exponent's baseline a tenth of the base's height below the base's top.
-    const float t = be.base - (1.0f - 0.9f) * bb.height;
-    SetBox(n, {bb.width + be.width + sp_ / 2, 0.9f * bb.height + be.base, t + bb.base});
+    // The exponent right after its base, raised by the superscript shift; above a tall base
+    // (a bracket, a fraction, a function) it hangs a little below the base's top.
+    const bool letter = N(b).FirstChild == kNoNode && N(b).Kind == kKindVariable;
+    const float kern = letter ? kItalicCorrection * size_ : 0.0f;
+    const float exponent_size = node_size_[static_cast<std::size_t>(e)];
+    const float over_tall_base =
+        N(b).FirstChild == kNoNode ? 0.0f : bb.base - kSuperscriptDrop * exponent_size;
+    const float shift =
+        std::max({kSuperscriptShift * size_, over_tall_base, be.height - be.base + 0.1f * size_});
+    const float ascent = std::max(bb.base, shift + be.base);
+    const float depth = std::max(bb.height - bb.base, be.height - be.base - shift);
+    SetBox(n, {bb.width + kern + be.width, ascent + depth, ascent});
     N(b).X = 0.0f;
-    N(b).Y = t;
-    N(e).X = sp_ / 2 + bb.width;
-    N(e).Y = 0.0f;
+    N(b).Y = ascent - bb.base;
+    N(e).X = bb.width + kern;
+    N(e).Y = ascent - shift - be.base;
     return;
   }
   const Box content = MeasureContent(n);
@@ -211,8 +263,9 @@ Box Layout::MeasureSum(NodeIdx n) {
   float base = 0.0f;
   float depth = 0.0f;
   for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
+    // A binary sign has a space each side; a unary sign at the front stands close to its term.
     const float sign = SignWidth(c);
-    if (sign > 0.0f) x += 2 * sp_ + sign;
+    if (sign > 0.0f) x += (c == N(n).FirstChild ? 0.0f : 2 * OperatorSpace()) + sign;
     N(c).X = x;
     x += N(c).Width;
     base = std::max(base, N(c).Base);
@@ -230,7 +283,7 @@ float Layout::LayRow(const std::vector<NodeIdx>& row, float& base, float& depth)
   for (const NodeIdx c : row) {
     const bool sign = previous != kNoNode && NeedsTimesSign(s_, previous, c);
     times_before_[static_cast<std::size_t>(c)] = sign;
-    if (sign) x += sp_ + Width(kTimes, Face::Sign);
+    if (sign) x += 2 * OperatorSpace() + Width(kTimes, Face::Sign);
     N(c).X = x;
     x += N(c).Width;
     base = std::max(base, N(c).Base);
@@ -247,6 +300,8 @@ Box Layout::MeasureProduct(NodeIdx n) {
   for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
     (N(c).Role == kRoleDenominator ? bottom : top).push_back(c);
   }
+  inline_fraction_[static_cast<std::size_t>(n)] = InlineFraction{};
+  if (inline_now_ && !bottom.empty()) return MeasureInlineFraction(n, top, bottom);
   float top_base = 0.0f;
   float top_depth = 0.0f;
   const float top_width = LayRow(top, top_base, top_depth);
@@ -266,6 +321,51 @@ Box Layout::MeasureProduct(NodeIdx n) {
     N(c).Y += rule + gap;
   }
   return {width, rule + gap + bottom_base + bottom_depth, rule};
+}
+
+Box Layout::MeasureInlineFraction(NodeIdx n, const std::vector<NodeIdx>& top,
+                                  const std::vector<NodeIdx>& bottom) {
+  float top_base = 0.0f;
+  float top_depth = 0.0f;
+  const float top_width = LayRow(top, top_base, top_depth);
+  float bottom_base = 0.0f;
+  float bottom_depth = 0.0f;
+  const float bottom_width = LayRow(bottom, bottom_base, bottom_depth);
+  const float base = std::max(top_base, bottom_base);
+  const float depth = std::max(top_depth, bottom_depth);
+  const float curve = BracketWidth(base + depth);
+  const float pad = 0.05f * size_;
+  InlineFraction& f = inline_fraction_[static_cast<std::size_t>(n)];
+  f.active = true;
+  f.base = base;
+  f.height = base + depth;
+  float x = 0.0f;
+  // One row in place at the pen, in brackets where it needs them.
+  const auto place = [&](const std::vector<NodeIdx>& row, float row_width, float row_base,
+                         bool bracketed, float& open, float& close) {
+    if (bracketed) {
+      x += pad;  // the curve bows out: room so that it does not touch the slash
+      open = x;
+      x += curve + pad;
+    }
+    for (const NodeIdx c : row) {
+      N(c).X += x;
+      N(c).Y += base - row_base;
+    }
+    x += row_width;
+    if (bracketed) {
+      x += pad;
+      close = x;
+      x += curve + pad;
+    }
+  };
+  place(top, top_width, top_base, RowNeedsBrackets(top, false), f.top_open, f.top_close);
+  x += OperatorSpace();
+  f.slash_x = x;
+  x += Width("/", Face::Text) + OperatorSpace();
+  place(bottom, bottom_width, bottom_base, RowNeedsBrackets(bottom, true), f.bottom_open,
+        f.bottom_close);
+  return {x, base + depth, base};
 }
 
 void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
@@ -302,6 +402,7 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
     open.y = y;
     open.y2 = y + node.Height;
     open.width = curve;
+    open.size = size_;  // the stroke follows the size
     open.left = true;
     out.items.push_back(open);
     DisplayItem close = open;
@@ -315,6 +416,7 @@ void Layout::Draw(NodeIdx n, float x, float y, Drawing& out) {
     radical.y = y;
     radical.y2 = y + node.Height;
     radical.width = 0.6f * size_;
+    radical.size = size_;
     radical.x2 = x + node.Width;
     out.items.push_back(radical);
   }
@@ -330,15 +432,37 @@ void Layout::DrawContent(NodeIdx n, float x, float y, Drawing& out) {
       const float sign = SignWidth(c);
       if (sign > 0.0f) {
         const char* text = child.Role == kRoleMinus ? kMinus : "+";
-        AddText(out, x + child.X - sp_ - sign, y + child.Y + child.Base, text, Face::Sign);
+        const float space = c == N(n).FirstChild ? 0.0f : OperatorSpace();
+        AddText(out, x + child.X - space - sign, y + child.Y + child.Base, text, Face::Sign);
       }
     } else if (times_before_[static_cast<std::size_t>(c)]) {
       const float dot = Width(kTimes, Face::Sign);
-      AddText(out, x + child.X - sp_ / 2 - dot, y + child.Y + child.Base, kTimes, Face::Sign);
+      AddText(out, x + child.X - OperatorSpace() - dot, y + child.Y + child.Base, kTimes,
+              Face::Sign);
     }
     Draw(c, x + child.X, y + child.Y, out);
   }
   UseSize(n);
+  if (const InlineFraction& f = inline_fraction_[static_cast<std::size_t>(n)]; f.active) {
+    AddText(out, x + f.slash_x, y + f.base, "/", Face::Text);
+    const float curve = BracketWidth(f.height);
+    const auto bracket = [&](float at, bool left) {
+      if (at < 0.0f) return;
+      DisplayItem item;
+      item.kind = ItemKind::Bracket;
+      item.x = x + at;
+      item.y = y;
+      item.y2 = y + f.height;
+      item.width = curve;
+      item.left = left;
+      item.size = size_;
+      out.items.push_back(item);
+    };
+    bracket(f.top_open, true);
+    bracket(f.top_close, false);
+    bracket(f.bottom_open, true);
+    bracket(f.bottom_close, false);
+  }
   if (rule >= 0.0f) {
     DisplayItem line;
     line.kind = ItemKind::Rule;
@@ -374,9 +498,10 @@ Drawing LayOutText(Session& s, Layout& layout, const std::string& text) {
   return d;
 }
 
-// Joins drawings in a row on one baseline, with texts between them.
+// Joins drawings in a row on one baseline, with texts between them, each with `pad` more room
+// either side (a relation stands a thick space from its sides).
 Drawing JoinInRow(const std::vector<Drawing>& parts, const std::vector<std::string>& between,
-                  const std::vector<Face>& between_faces, Layout& layout) {
+                  const std::vector<Face>& between_faces, Layout& layout, float pad = 0.0f) {
   Drawing out;
   float base = 0.0f;
   float depth = 0.0f;
@@ -389,6 +514,7 @@ Drawing JoinInRow(const std::vector<Drawing>& parts, const std::vector<std::stri
   float x = 0.0f;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     if (i > 0) {
+      x += pad;
       DisplayItem sep;
       sep.kind = ItemKind::Text;
       sep.x = x;
@@ -397,7 +523,7 @@ Drawing JoinInRow(const std::vector<Drawing>& parts, const std::vector<std::stri
       sep.face = between_faces[i - 1];
       sep.size = layout.Size();
       out.items.push_back(sep);
-      x += layout.TextWidth(sep.text, sep.face);
+      x += layout.TextWidth(sep.text, sep.face) + pad;
     }
     const float dy = base - parts[i].baseline;
     for (DisplayItem item : parts[i].items) {
@@ -472,7 +598,8 @@ Picture DrawAnyEquation(Session& s, const FontMetrics& metrics, int code, const 
   Layout layout(s, metrics, s.FontSize);
   try {
     std::vector<Drawing> sides{LayOutSide(s, layout, left), LayOutSide(s, layout, right)};
-    picture.drawing = JoinInRow(sides, {RelationString(code)}, {Face::Sign}, layout);
+    picture.drawing = JoinInRow(sides, {RelationString(code)}, {Face::Sign}, layout,
+                                kRelationPad * layout.Size());
   } catch (const RunTimeError&) {
     ShowCriticalMessage(s, "Error in DrawAnyEquation");
     picture.drawing = Drawing{};

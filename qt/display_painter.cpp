@@ -12,9 +12,10 @@ namespace {
 // the drawing is one point, whatever the screen.
 constexpr int kUnitFontPixels = 100;
 
-QFont UnitFont() {
+QFont UnitFont(Face face = Face::Text) {
   QFont font = WorkSpaceFont(12.0f);
   font.setPixelSize(kUnitFontPixels);
+  font.setItalic(face == Face::Italic);  // letters are set in italic
   return font;
 }
 
@@ -27,8 +28,8 @@ QFont WorkSpaceFont(float points) {
   return font;
 }
 
-float QtFontMetrics::TextWidth(const std::string& text, Face, float size) const {
-  const QFontMetricsF metrics(UnitFont());
+float QtFontMetrics::TextWidth(const std::string& text, Face face, float size) const {
+  const QFontMetricsF metrics(UnitFont(face));
   return static_cast<float>(metrics.horizontalAdvance(QString::fromStdString(text)) * size /
                             kUnitFontPixels);
 }
@@ -56,7 +57,7 @@ void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF origin, qre
         painter.save();
         painter.translate(item.x, item.y);
         painter.scale(item.size / kUnitFontPixels, item.size / kUnitFontPixels);
-        painter.setFont(UnitFont());
+        painter.setFont(UnitFont(item.face));
         painter.drawText(QPointF(0, 0), QString::fromStdString(item.text));
         painter.restore();
         break;

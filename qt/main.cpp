@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("The Tavimor"));
 
   QtFrontend frontend;
+  frontend.SetUnattended(screenshot);  // no modal form waits for an answer in a screenshot run
   Session s(frontend);
   s.SetFirstRunOptions();
   // The decimal separator of the machine's locale: how 1.2 is written.
@@ -39,8 +40,6 @@ int main(int argc, char** argv) {
   StartUp(s, written.contains(QLatin1Char(',')) ? "," : ".");
   if (screenshot) {
     s.StreamingOutput = true;  // nobody is there to press the pacing button
-    s.FormWidth = 1100 * 15;   // a fixed size for pictures of the window
-    s.FormHeight = 760 * 15;
     UpdateStatusPanel(s);
   }
   // The screenshot run keeps no settings; the window keeps them per user.
@@ -48,6 +47,8 @@ int main(int argc, char** argv) {
   const std::string directory = QCoreApplication::applicationDirPath().toStdString();
   MainWindow window(s, screenshot ? nullptr : &store, directory);
   frontend.SetWindow(&window);
+  // A picture of the window has one size, whatever the size of the (virtual) screen.
+  if (screenshot) window.resize(1100, 760);
   window.show();
   if (!screenshot) {
     window.ShowWelcomeIfWanted();

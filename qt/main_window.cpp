@@ -14,8 +14,11 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 #include "qt/display_painter.h"
 #include "qt/options_dialog.h"
@@ -45,7 +48,39 @@ QString Tooltip(const std::string& button) {
   return tip;
 }
 
+// What a click on each status panel changes.
+const std::array<QString, 9> kStatusTips = {
+    QStringLiteral("Click to change how steps are shown: the result only, one by one, or in a "
+                   "stream"),
+    QStringLiteral("Click to change the arithmetic: real only, or complex using i, using j, or "
+                   "using neither"),
+    QStringLiteral("Click to switch between floating point and exact arithmetic"),
+    QStringLiteral("Click to switch angles between degrees and radians"),
+    QStringLiteral("Click to change how quadratic equations are solved: by factoring, by the "
+                   "formula, by completing the square, or by graphing"),
+    QStringLiteral("Click to choose the letter of the unknown"),
+    QStringLiteral("Click to make e the number 2.718.. or an ordinary variable"),
+    QStringLiteral("Click to make p the number pi or an ordinary variable"),
+    QStringLiteral("Click to make d the degree (pi/180) or an ordinary variable; d is a variable "
+                   "in radians"),
+};
+
+// The least size of the form, in pixels.
+constexpr int kLeastFormWidth = 760;
+constexpr int kLeastFormHeight = 480;
+
 }  // namespace
+
+QSize FormSizeOnScreen(float width_twips, float height_twips, const QSize& available) {
+  const auto pixels = [](float twips, int least, int most) {
+    const float wanted = std::isfinite(twips) ? twips / 15.0f : 0.0f;
+    const int upper = std::max(1, most);
+    return std::clamp(static_cast<int>(std::clamp(wanted, 0.0f, static_cast<float>(upper))),
+                      std::min(least, upper), upper);
+  };
+  return {pixels(width_twips, kLeastFormWidth, available.width()),
+          pixels(height_twips, kLeastFormHeight, available.height())};
+}
 
 void CommandButton::mousePressEvent(QMouseEvent* event) {
   if (!isEnabled()) return;
@@ -148,21 +183,35 @@ MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_dir
   layout->addLayout(middle, 1);
   setCentralWidget(central);
 
-  // The status bar: nine panels, each a click away from its option.
+  // The status bar: nine panels, each a click away from its option, in rows as the width needs.
+  status_box_ = new QWidget(this);
+  new QVBoxLayout(status_box_);
+  status_box_->layout()->setContentsMargins(0, 0, 0, 0);
+  status_box_->layout()->setSpacing(2);
   for (int i = 1; i <= 9; ++i) {
-    auto* panel = new StatusPanel(this);
+    auto* panel = new StatusPanel(status_box_);
     panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     panel->setCursor(Qt::PointingHandCursor);
-    panel->setToolTip(QStringLiteral("Click to change"));
+    panel->setToolTip(kStatusTips[static_cast<std::size_t>(i - 1)]);
     connect(panel, &StatusPanel::Clicked, this, [this, i] { ClickStatus(i); });
-    statusBar()->addWidget(panel);
     status_.push_back(panel);
   }
+  statusBar()->addWidget(status_box_, 1);
   BuildMenus();
-  setMinimumSize(760, 480);
-  // The form's size is kept in twips, fifteen to a pixel.
-  resize(std::max(760, static_cast<int>(s_.FormWidth / 15)),
-         std::max(480, static_cast<int>(s_.FormHeight / 15)));
+  // The form's size is kept in twips; whatever the settings hold, the form fits the screen.
+  const QRect available = screen()->availableGeometry();
+  setMinimumSize(std::min(kLeastFormWidth, available.width()),
+                 std::min(kLeastFormHeight, available.height()));
+  const QSize size = FormSizeOnScreen(s_.FormWidth, s_.FormHeight, available.size());
+  resize(size);
+  s_.FormWidth = static_cast<float>(size.width() * 15);
+  s_.FormHeight = static_cast<float>(size.height() * 15);
+  // Its corner where the whole form is on the screen.
+  const int x = std::clamp(pos().x(), available.left(),
+                           std::max(available.left(), available.right() + 1 - size.width()));
+  const int y = std::clamp(pos().y(), available.top(),
+                           std::max(available.top(), available.bottom() + 1 - size.height()));
+  move(x, y);
   if (s_.FormWindowState == 2) setWindowState(Qt::WindowMaximized);
   SyncFromState();
 }
@@ -286,6 +335,12 @@ void MainWindow::LoadTyped(bool right_button) {
 void MainWindow::LoadNext(bool right_button) {
   cmdNextEquation(s_, right_button);
   SyncFromState();
+  // The box shows the problem Next has loaded, not the one before it.
+  const FormState& form = s_.Form;
+  if (form.equation_box_selected >= 0 && form.equation_box_selected < equation_box_->count()) {
+    equation_box_->setCurrentIndex(form.equation_box_selected);
+  }
+  equation_box_->setEditText(QString::fromStdString(form.equation_box_text));
 }
 
 void MainWindow::Press(const std::string& button, bool right_button) {
@@ -325,6 +380,7 @@ void MainWindow::SyncFromState() {
     status_[static_cast<std::size_t>(i)]->setText(
         QString::fromStdString(form.status_panels[static_cast<std::size_t>(i)]));
   }
+  ArrangeStatusPanels();
   diagnostics_->setText(QString::fromStdString(form.diagnostics));
   const QString typed = equation_box_->currentText();
   if (equation_box_->count() != static_cast<int>(form.equation_box_items.size())) {
@@ -339,6 +395,44 @@ void MainWindow::SyncFromState() {
   if (CommandButton* focus = Button(form.focus); focus != nullptr && focus->isEnabled()) {
     focus->setFocus();
   }
+}
+
+void MainWindow::ArrangeStatusPanels() {
+  // Fill each row with the panels that fit in the width of the status bar.
+  const int room = std::max(1, width() - 30);  // less the margins and the size grip
+  const int spacing = 4;
+  std::vector<int> rows;
+  int row = 0;
+  int used = 0;
+  for (StatusPanel* panel : status_) {
+    const int width = panel->sizeHint().width();
+    if (used > 0 && used + spacing + width > room) {
+      ++row;
+      used = 0;
+    }
+    used += (used > 0 ? spacing : 0) + width;
+    rows.push_back(row);
+  }
+  if (rows == status_rows_) return;
+  status_rows_ = rows;
+  auto* column = static_cast<QVBoxLayout*>(status_box_->layout());
+  while (QLayoutItem* item = column->takeAt(0)) delete item;  // the old rows, not the panels
+  QHBoxLayout* line = nullptr;
+  for (std::size_t i = 0; i < status_.size(); ++i) {
+    if (line == nullptr || (i > 0 && rows[i] != rows[i - 1])) {
+      if (line != nullptr) line->addStretch(1);
+      line = new QHBoxLayout;
+      line->setSpacing(spacing);
+      column->addLayout(line);
+    }
+    line->addWidget(status_[i]);
+  }
+  if (line != nullptr) line->addStretch(1);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  ArrangeStatusPanels();
 }
 
 void MainWindow::PrintWorkSpace() {
@@ -432,8 +526,10 @@ bool MainWindow::OpenFile(const QString& path) {
 }
 
 bool MainWindow::FileSave() {
-  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName)) {
-    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+  std::string reason;
+  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName, &reason)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"),
+                             QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
   s_.ListEditedFlag = s_.EqnAddedFlag = false;
@@ -441,8 +537,10 @@ bool MainWindow::FileSave() {
 }
 
 bool MainWindow::FileSaveAs(const QString& path) {
-  if (!WriteAlgebraFile(s_, path.toStdString())) {
-    QMessageBox::information(this, QStringLiteral("Tavimor"), QStringLiteral("File not saved."));
+  std::string reason;
+  if (!WriteAlgebraFile(s_, path.toStdString(), &reason)) {
+    QMessageBox::information(this, QStringLiteral("Tavimor"),
+                             QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
   s_.ListEditedFlag = s_.EqnAddedFlag = false;

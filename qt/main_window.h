@@ -47,6 +47,10 @@ class StatusPanel : public QLabel {
   void mousePressEvent(QMouseEvent* event) override;
 };
 
+// The form's size in pixels from its size in twips (fifteen to a pixel), never below the least
+// size of the form nor beyond the available screen.
+QSize FormSizeOnScreen(float width_twips, float height_twips, const QSize& available);
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
@@ -92,6 +96,7 @@ class MainWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* BuildPanels();
@@ -99,6 +104,8 @@ class MainWindow : public QMainWindow {
   void AfterFileLoaded();
   void UpdateRecentMenu();
   void SetFileCaption();
+  // Lays the status panels in as many rows as the width needs, so that none is cut off.
+  void ArrangeStatusPanels();
 
   Session& s_;
   QComboBox* equation_box_ = nullptr;
@@ -110,6 +117,8 @@ class MainWindow : public QMainWindow {
   WorkSpaceView* work_space_ = nullptr;
   QLabel* diagnostics_ = nullptr;
   std::vector<StatusPanel*> status_;
+  QWidget* status_box_ = nullptr;
+  std::vector<int> status_rows_;  // the row of each status panel as laid out
   QStackedWidget* center_ = nullptr;
   TopicsPanel* topics_ = nullptr;
   QPushButton* show_topics_ = nullptr;

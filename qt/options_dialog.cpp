@@ -6,7 +6,11 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <array>
 
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
@@ -16,7 +20,7 @@ namespace tavimor {
 namespace {
 
 // A frame of option buttons with their captions; the index of each is its value.
-QButtonGroup* Options(QWidget* parent, QGridLayout* grid, int row, int column, const QString& title,
+QButtonGroup* Options(QWidget* parent, QBoxLayout* column, const QString& title,
                       const QStringList& captions) {
   auto* box = new QGroupBox(title, parent);
   auto* layout = new QVBoxLayout(box);
@@ -26,7 +30,7 @@ QButtonGroup* Options(QWidget* parent, QGridLayout* grid, int row, int column, c
     group->addButton(button, i);
     layout->addWidget(button);
   }
-  grid->addWidget(box, row, column);
+  column->addWidget(box);
   return group;
 }
 
@@ -39,10 +43,21 @@ void Choose(QButtonGroup* group, int index) {
 OptionsDialog::OptionsDialog(Session& s, QWidget* parent) : QDialog(parent), s_(s) {
   setWindowTitle(QStringLiteral("Algebra Options"));
   auto* layout = new QVBoxLayout(this);
-  auto* grid = new QGridLayout;
-  layout->addLayout(grid);
+  // Three columns of frames, in a scroll area should the screen still be too small for them.
+  auto* scroll = new QScrollArea(this);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  auto* page = new QWidget(scroll);
+  auto* columns = new QHBoxLayout(page);
+  columns->setContentsMargins(0, 0, 0, 0);
+  std::array<QVBoxLayout*, 3> column{};
+  for (QVBoxLayout*& c : column) {
+    c = new QVBoxLayout;
+    columns->addLayout(c);
+  }
+  QWidget* grid = page;  // the parent of the frames
 
-  auto* general = new QGroupBox(QStringLiteral("General"), this);
+  auto* general = new QGroupBox(QStringLiteral("General"), grid);
   auto* form = new QFormLayout(general);
   unknown_ = new QComboBox(general);
   for (char c = 'a'; c <= 'z'; ++c) unknown_->addItem(QString(QChar(c)));
@@ -54,9 +69,9 @@ OptionsDialog::OptionsDialog(Session& s, QWidget* parent) : QDialog(parent), s_(
   form->addRow(QStringLiteral("name of unknown"), unknown_);
   form->addRow(QStringLiteral("number of significant figures to display"), sig_figs_);
   form->addRow(QStringLiteral("font size"), font_size_);
-  grid->addWidget(general, 0, 0);
+  column[0]->addWidget(general);
 
-  auto* letters = new QGroupBox(QStringLiteral("Special letters and angles"), this);
+  auto* letters = new QGroupBox(QStringLiteral("Special letters and angles"), grid);
   auto* letter_layout = new QVBoxLayout(letters);
   special_e_ = new QCheckBox(letters);
   special_e_->setToolTip(QStringLiteral("so that e.g. ln(e)=1"));
@@ -70,32 +85,35 @@ OptionsDialog::OptionsDialog(Session& s, QWidget* parent) : QDialog(parent), s_(
        std::initializer_list<QWidget*>{special_e_, special_p_, special_d_, radians_, degrees_}) {
     letter_layout->addWidget(w);
   }
-  grid->addWidget(letters, 0, 1);
+  column[1]->addWidget(letters);
 
-  radical_ = Options(this, grid, 1, 0, QStringLiteral("1/2 exponent"),
+  radical_ = Options(grid, column[0], QStringLiteral("1/2 exponent"),
                      {QStringLiteral("sqrt(x)"), QStringLiteral("x^(1/2)")});
-  reciprocal_ = Options(this, grid, 1, 1, QStringLiteral(" negative exponent"),
+  reciprocal_ = Options(grid, column[0], QStringLiteral(" negative exponent"),
                         {QStringLiteral("1/x"), QStringLiteral("x^(-1)")});
-  exponential_ = Options(this, grid, 2, 0, QStringLiteral("exponential function"),
+  exponential_ = Options(grid, column[0], QStringLiteral("exponential function"),
                          {QStringLiteral("exp(x)"), QStringLiteral("e^x")});
-  float_math_ = Options(this, grid, 2, 1, QStringLiteral("Arithmetic"),
+  float_math_ = Options(grid, column[1], QStringLiteral("Arithmetic"),
                         {QStringLiteral("convert to float"), QStringLiteral("keep exact")});
   arc_ = Options(
-      this, grid, 3, 0, QStringLiteral("Inverse trig functions"),
+      grid, column[2], QStringLiteral("Inverse trig functions"),
       {QStringLiteral("don't evaluate"), QStringLiteral("return principal value"),
        QStringLiteral("return two values"), QStringLiteral("return all values using index n")});
   complex_ = Options(
-      this, grid, 3, 1, QStringLiteral("Complex numbers"),
+      grid, column[2], QStringLiteral("Complex numbers"),
       {QStringLiteral("don't use complex numbers"), QStringLiteral("use i to represent"),
        QStringLiteral("use j to represent"), QStringLiteral("let \u221A\u22121 represent itself")});
-  detail_ = Options(this, grid, 4, 0, QStringLiteral("Detail"),
+  detail_ = Options(grid, column[1], QStringLiteral("Detail"),
                     {QStringLiteral("show only final result"), QStringLiteral("show all the steps"),
                      QStringLiteral("show all details")});
-  stream_ = Options(this, grid, 4, 1, QStringLiteral("Steps"),
+  stream_ = Options(grid, column[1], QStringLiteral("Steps"),
                     {QStringLiteral("list all at once"), QStringLiteral("show one at a time")});
-  quadratic_ = Options(this, grid, 5, 0, QStringLiteral("Quadratic equations"),
+  quadratic_ = Options(grid, column[2], QStringLiteral("Quadratic equations"),
                        {QStringLiteral("factoring"), QStringLiteral("quadratic formula"),
                         QStringLiteral("completing the square"), QStringLiteral("graphing")});
+  for (QVBoxLayout* c : column) c->addStretch(1);
+  scroll->setWidget(page);
+  layout->addWidget(scroll, 1);
 
   auto* buttons = new QHBoxLayout;
   close_ = new QPushButton(QStringLiteral("Close"), this);
@@ -127,6 +145,15 @@ OptionsDialog::OptionsDialog(Session& s, QWidget* parent) : QDialog(parent), s_(
     }
   }
   ShowState(s_);
+  // As large as the frames want, but never beyond the available screen: the scroll area takes
+  // what is left of the screen's height after the buttons and the window's frame.
+  const QRect available = (parent != nullptr ? parent->screen() : screen())->availableGeometry();
+  const QSize page_size = page->sizeHint();
+  scroll->setMinimumSize(
+      std::min(page_size.width() + scroll->verticalScrollBar()->sizeHint().width(),
+               available.width() - 40),
+      std::min(page_size.height(), std::max(200, available.height() - 160)));
+  resize(sizeHint().boundedTo(available.size() - QSize(16, 48)));
 }
 
 void OptionsDialog::ShowState(const OptionSet& from) {

@@ -13,10 +13,27 @@
 #include <QMessageBox>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <iostream>
 
 #include "qt/main_window.h"
 
 namespace tavimor {
+
+namespace {
+
+// How often an unattended run answers the values of the letters.
+constexpr int kUnattendedValueQuestions = 10;
+
+// What an unattended run would have shown in a modal form, on one line of standard error.
+void Tell(const std::string& what, const std::string& text) {
+  std::string line = text;
+  for (char& c : line) {
+    if (c == '\n') c = ' ';
+  }
+  std::cerr << what << ": " << line << "\n";
+}
+
+}  // namespace
 
 PacingDialog::PacingDialog(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), button_(new QPushButton(this)) {
@@ -65,6 +82,7 @@ void QtFrontend::ClearWorkSpace() {
 }
 
 PauseInput QtFrontend::WaitButton(const std::string&, float x, float y) {
+  if (unattended_) return PauseInput::Continue;
   PacingDialog dialog(window_);
   dialog.adjustSize();
   if (x > 0 || y > 0) dialog.move(static_cast<int>(x), static_cast<int>(y));
@@ -74,6 +92,10 @@ PauseInput QtFrontend::WaitButton(const std::string&, float x, float y) {
 }
 
 void QtFrontend::ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) {
+  if (unattended_) {
+    Tell("Message", text);
+    return;
+  }
   QMessageBox box(icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::Information,
                   QStringLiteral("The Tavimor"), QString::fromStdString(text), QMessageBox::Ok,
                   window_);
@@ -85,6 +107,10 @@ void QtFrontend::ShowMessageBox(const std::string& text, int help_number, Messag
 }
 
 void QtFrontend::ShowHintBox(const RichText& body, int help_number) {
+  if (unattended_) {
+    Tell("Hint", PlainText(body));
+    return;
+  }
   QDialog box(window_);
   box.setWindowTitle(QStringLiteral("Hint"));
   auto* layout = new QVBoxLayout(&box);
@@ -101,12 +127,20 @@ void QtFrontend::ShowHintBox(const RichText& body, int help_number) {
 }
 
 bool QtFrontend::AskYesNo(const std::string& question) {
+  if (unattended_) {
+    Tell(question, "No");
+    return false;
+  }
   return QMessageBox::question(window_, QStringLiteral("The Tavimor"),
                                QString::fromStdString(question)) == QMessageBox::Yes;
 }
 
 std::optional<std::string> QtFrontend::AskText(const std::string& question,
                                                const std::string& suggestion) {
+  if (unattended_) {
+    Tell(question, suggestion);
+    return suggestion;
+  }
   bool ok = false;
   const QString answer = QInputDialog::getText(window_, QStringLiteral("The Tavimor"),
                                                QString::fromStdString(question), QLineEdit::Normal,
@@ -117,6 +151,24 @@ std::optional<std::string> QtFrontend::AskText(const std::string& question,
 
 std::optional<std::vector<std::string>> QtFrontend::AskValues(
     const std::vector<std::string>& letters, const std::vector<std::string>& suggestions) {
+  if (unattended_) {
+    // The suggested values when every letter has one; otherwise, or when the question keeps
+    // coming back, it is cancelled.
+    std::string asked;
+    bool complete = suggestions.size() >= letters.size();
+    for (std::size_t k = 0; k < letters.size(); ++k) {
+      const std::string value = k < suggestions.size() ? suggestions[k] : "";
+      complete = complete && !value.empty();
+      asked += (k > 0 ? ", " : "") + letters[k] + " = " + value;
+    }
+    ++unattended_value_questions_;
+    if (!complete || unattended_value_questions_ > kUnattendedValueQuestions) {
+      Tell("Values of the letters", asked + " (no values given: cancelled)");
+      return std::nullopt;
+    }
+    Tell("Values of the letters", asked);
+    return suggestions;
+  }
   QDialog dialog(window_);
   dialog.setObjectName(QStringLiteral("VarsInputForm"));
   dialog.setWindowTitle(QStringLiteral("Values of the letters"));
@@ -143,6 +195,10 @@ std::optional<std::vector<std::string>> QtFrontend::AskValues(
 }
 
 void QtFrontend::ShowHelp(int help_number) {
+  if (unattended_) {
+    Tell("Help", "This step is explained in help topic " + std::to_string(help_number) + ".");
+    return;
+  }
   QMessageBox::information(
       window_, QStringLiteral("Help"),
       QStringLiteral("This step is explained in help topic %1.").arg(help_number));

@@ -35,6 +35,10 @@ class PacingDialog : public QDialog {
 class QtFrontend : public Frontend {
  public:
   void SetWindow(MainWindow* window) { window_ = window; }
+  // With nobody at the screen (a screenshot run), no modal form is shown: every question takes
+  // its default answer, and messages, hints and questions are written to standard error.
+  void SetUnattended(bool unattended) { unattended_ = unattended; }
+  bool Unattended() const { return unattended_; }
 
   void AppendToWorkSpace(const RichRun& run) override;
   void ClearWorkSpace() override;
@@ -53,6 +57,8 @@ class QtFrontend : public Frontend {
  private:
   MainWindow* window_ = nullptr;
   QtFontMetrics metrics_;
+  bool unattended_ = false;
+  int unattended_value_questions_ = 0;
 };
 
 }  // namespace tavimor

@@ -2,13 +2,31 @@
 // subtopics beside them; a click loads the problems of a heading into the equation box.
 #include "qt/topics_panel.h"
 
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace tavimor {
 
 namespace {
+
+// Rows of a column of headings, and the least width of a column.
+constexpr int kRowHeight = 32;
+constexpr int kLeastColumnWidth = 200;
+
+// Makes the columns of a list as wide as its widest heading, and the list at least one column
+// wide, so that no heading is cut.
+void FitColumns(QListWidget* list) {
+  int widest = kLeastColumnWidth;
+  const QFontMetrics metrics(list->font());
+  for (int i = 0; i < list->count(); ++i) {
+    widest = std::max(widest, metrics.horizontalAdvance(list->item(i)->text()) + 24);
+  }
+  list->setGridSize(QSize(widest, kRowHeight));
+  list->setMinimumWidth(widest + 2 * list->frameWidth() + 4);
+}
 
 QListWidget* HeadingList(QWidget* parent, int rows) {
   auto* list = new QListWidget(parent);
@@ -18,9 +36,9 @@ QListWidget* HeadingList(QWidget* parent, int rows) {
   list->setResizeMode(QListView::Adjust);
   list->setMouseTracking(true);
   list->setUniformItemSizes(true);
-  list->setGridSize(QSize(rows == 12 ? 300 : 250, 32));
+  FitColumns(list);
   // Exactly `rows` headings a column: the thirteenth topic and the ninth subtopic begin the next.
-  list->setFixedHeight(rows * 32 + 2 * list->frameWidth() + 16);
+  list->setFixedHeight(rows * kRowHeight + 2 * list->frameWidth() + 16);
   list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list->setStyleSheet(QStringLiteral(
       "QListWidget::item:hover { background: #C0C0FF; } QListWidget::item:selected { background: "
@@ -40,8 +58,9 @@ TopicsPanel::TopicsPanel(Session& s, QWidget* parent) : QWidget(parent), s_(s) {
   auto* lists = new QHBoxLayout;
   topic_list_ = HeadingList(this, 12);
   subtopic_list_ = HeadingList(this, 8);
-  lists->addWidget(topic_list_, 3);
-  lists->addWidget(subtopic_list_, 2);
+  // Both lists stand at the top; each takes the room its columns need, the rest is shared.
+  lists->addWidget(topic_list_, 1, Qt::AlignTop);
+  lists->addWidget(subtopic_list_, 1, Qt::AlignTop);
   layout->addLayout(lists);
   layout->addStretch(1);
   connect(topic_list_, &QListWidget::itemEntered, this,
@@ -68,6 +87,7 @@ void TopicsPanel::Reload() {
   topic_list_->clear();
   subtopic_list_->clear();
   for (const Heading& topic : topics_) topic_list_->addItem(QString::fromStdString(topic.caption));
+  FitColumns(topic_list_);
   s_.CurrentTopic = 0;
   s_.CurrentSubTopic = 0;
 }
@@ -80,6 +100,7 @@ void TopicsPanel::HoverTopic(int row) {
   subtopic_list_->clear();
   for (const Heading& sub : subtopics_)
     subtopic_list_->addItem(QString::fromStdString(sub.caption));
+  FitColumns(subtopic_list_);
 }
 
 }  // namespace tavimor

@@ -2,9 +2,15 @@
 // written as single-byte text with CR LF line ends.
 #include "shell/algebra_file.h"
 
+#include <cerrno>
+#include <climits>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
-#include <sstream>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "present/text_picture.h"
 
@@ -63,10 +69,12 @@ std::vector<std::string> EntriesFromBytes(const std::string& bytes, char decimal
   ok = true;
   std::size_t start = 0;
   while (start < bytes.size()) {
-    std::size_t end = bytes.find('\n', start);
+    // A line ends at CR LF, LF or a lone CR.
+    const std::size_t end = bytes.find_first_of("\r\n", start);
     std::string line = bytes.substr(start, end == std::string::npos ? end : end - start);
-    start = end == std::string::npos ? bytes.size() : end + 1;
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+    start = end == std::string::npos                                                 ? bytes.size()
+            : bytes[end] == '\r' && end + 1 < bytes.size() && bytes[end + 1] == '\n' ? end + 2
+                                                                                     : end + 1;
     line = Utf8FromWindows1252(line);
     if (line.rfind("Eqn:", 0) == 0) {
       // The decimal separator of this machine, blindly over the whole line.
@@ -100,47 +108,189 @@ std::string BytesFromEntries(const std::vector<std::string>& entries) {
 ReadOutcome ReadAlgebraFile(Session& s, const std::string& path) {
   s.ListEntries.clear();
   ReadOutcome outcome;
-  std::ifstream in(path, std::ios::binary);
-  if (path.empty() || !in) {
+  if (path.empty()) {
     s.FileName.clear();
-    outcome.problem = path.empty() ? "" : "The file " + path + " could not be opened.";
-    outcome.ok = path.empty();
+    outcome.ok = true;
     return outcome;
   }
-  std::ostringstream content;
-  content << in.rdbuf();
-  bool ok = false;
-  std::vector<std::string> entries = EntriesFromBytes(content.str(), s.Dp(), ok);
-  if (!ok) {
+  const auto refuse = [&](const std::string& problem) {
     s.FileName.clear();
-    outcome.problem = "The file " + path +
-                      " is not an algebra file the tutor can read (it must begin with Topic:, "
-                      "SubTop:, Eqn: or Comment:, and hold at most 1000 entries).";
+    outcome.problem = problem;
     return outcome;
+  };
+  struct stat info {};
+  if (::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode)) {
+    return refuse("The file " + path + " could not be opened: " +
+                  (S_ISDIR(info.st_mode) ? "it is a folder." : "it is not a regular file."));
+  }
+  std::ifstream in(path, std::ios::binary);
+  if (!in) return refuse("The file " + path + " could not be opened.");
+  std::string content;
+  char buffer[65536];
+  while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
+    content.append(buffer, static_cast<std::size_t>(in.gcount()));
+    if (content.size() > kMaxFileBytes) {
+      return refuse("The file " + path + " is larger than " +
+                    std::to_string(kMaxFileBytes / (1024 * 1024)) +
+                    " MB, more than an algebra file can be.");
+    }
+  }
+  bool ok = false;
+  std::vector<std::string> entries = EntriesFromBytes(content, s.Dp(), ok);
+  if (!ok) {
+    return refuse("The file " + path +
+                  " is not an algebra file the tutor can read (it must begin with Topic:, "
+                  "SubTop:, Eqn: or Comment:, and hold at most 1000 entries).");
   }
   s.ListEntries = std::move(entries);
   outcome.ok = true;
   return outcome;
 }
 
-bool WriteAlgebraFile(const Session& s, const std::string& path) {
-  if (path.empty()) return false;
-  const std::string temporary = path + ".saving";
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out << BytesFromEntries(s.ListEntries);
-    out.flush();
-    if (!out) {
-      std::remove(temporary.c_str());
-      return false;
+namespace {
+
+// The file a path names, through its symbolic links (a dangling link names its target too).
+std::string LinkTarget(const std::string& path) {
+  std::string target = path;
+  for (int depth = 0; depth < 40; ++depth) {
+    char buffer[PATH_MAX];
+    const ssize_t length = ::readlink(target.c_str(), buffer, sizeof buffer - 1);
+    if (length < 0) break;
+    std::string next(buffer, static_cast<std::size_t>(length));
+    if (next.empty()) break;
+    if (next[0] != '/') {
+      const std::size_t slash = target.rfind('/');
+      if (slash != std::string::npos) next = target.substr(0, slash + 1) + next;
     }
+    target = next;
   }
-  if (std::rename(temporary.c_str(), path.c_str()) != 0) {
-    std::remove(temporary.c_str());
-    return false;
+  return target;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool Fail(std::string* reason, const std::string& text) {
+  if (reason != nullptr) *reason = text;
+  return false;
+}
+
+}  // namespace
+
+std::string SaveFailureReason(int error, const std::string& path) {
+  switch (error) {
+    case EACCES:
+    case EPERM: return "The file " + path + " or its folder is read-only.";
+    case EROFS: return "The file " + path + " is on a read-only disk.";
+    case ENOSPC:
+    case EDQUOT: return "The disk is full.";
+    case ENOENT:
+    case ENOTDIR: return "The folder " + FolderOf(path) + " does not exist.";
+    case EISDIR: return path + " is a folder.";
+    default: return std::string("The system says: ") + std::strerror(error) + ".";
+  }
+}
+
+bool WriteAlgebraFile(const Session& s, const std::string& path, std::string* reason) {
+  if (path.empty()) return Fail(reason, "No file name was given.");
+  if (static_cast<int>(s.ListEntries.size()) > kListCapacity) {
+    return Fail(reason, "The list holds more than 1000 entries, more than a file can hold.");
+  }
+  const std::string target = LinkTarget(path);
+  mode_t mode = 0666;  // a new file: as the umask allows
+  bool keep_mode = false;
+  struct stat info {};
+  if (::stat(target.c_str(), &info) == 0) {
+    if (S_ISDIR(info.st_mode)) return Fail(reason, SaveFailureReason(EISDIR, target));
+    if (!S_ISREG(info.st_mode)) return Fail(reason, target + " is not a regular file.");
+    // A read-only file is not replaced behind its owner's back.
+    if (::access(target.c_str(), W_OK) != 0) return Fail(reason, SaveFailureReason(errno, target));
+    mode = info.st_mode & 07777;
+    keep_mode = true;
+  }
+  struct stat folder {};
+  if (::stat(FolderOf(target).c_str(), &folder) != 0 || !S_ISDIR(folder.st_mode)) {
+    return Fail(reason, SaveFailureReason(ENOENT, target));
+  }
+  // A temporary file left by a killed save is removed first, whatever it is.
+  const std::string temporary = target + ".saving";
+  ::unlink(temporary.c_str());
+  const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  if (fd < 0) return Fail(reason, SaveFailureReason(errno, target));
+  const auto abandon = [&](int error) {
+    ::close(fd);
+    ::unlink(temporary.c_str());
+    return Fail(reason, SaveFailureReason(error, target));
+  };
+  const std::string bytes = BytesFromEntries(s.ListEntries);
+  for (std::size_t done = 0; done < bytes.size();) {
+    const ssize_t written = ::write(fd, bytes.data() + done, bytes.size() - done);
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      return abandon(errno);
+    }
+    done += static_cast<std::size_t>(written);
+  }
+  if (keep_mode && ::fchmod(fd, mode) != 0) return abandon(errno);
+  if (::fsync(fd) != 0) return abandon(errno);
+  if (::close(fd) != 0) {
+    const int error = errno;
+    ::unlink(temporary.c_str());
+    return Fail(reason, SaveFailureReason(error, target));
+  }
+  if (std::rename(temporary.c_str(), target.c_str()) != 0) {
+    const int error = errno;
+    ::unlink(temporary.c_str());
+    return Fail(reason, SaveFailureReason(error, target));
+  }
+  // The rename itself reaches the disk with its folder.
+  const int folder_fd = ::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder_fd >= 0) {
+    ::fsync(folder_fd);
+    ::close(folder_fd);
   }
   return true;
+}
+
+std::string FileNotSavedText(const std::string& reason) {
+  return reason.empty() ? "File not saved." : "File not saved.  " + reason;
+}
+
+bool ListHasRoomForProblem(const Session& s) {
+  return static_cast<int>(s.ListEntries.size()) + 2 <= kListCapacity;
+}
+
+std::string ListFullText() {
+  return "The problem is not added to the list: it holds " + std::to_string(kListCapacity - 1) +
+         " entries or more, and a file holds at most " + std::to_string(kListCapacity) +
+         ".  Save the list and start a new file for more problems.";
+}
+
+int FindProblemEntry(const Session& s, const std::string& text) {
+  const std::vector<std::string>& entries = s.ListEntries;
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    // The entry's text from position 5 without its blanks, compared in place.
+    const std::string& entry = entries[i];
+    std::size_t k = 0;
+    bool same = true;
+    for (std::size_t at = 4; at < entry.size() && same; ++at) {
+      if (entry[at] == ' ') continue;
+      same = k < text.size() && entry[at] == text[k];
+      ++k;
+    }
+    if (same && k == text.size()) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+std::string CommentOfProblem(const Session& s, int position) {
+  const auto next = static_cast<std::size_t>(position) + 1;
+  if (position < 0 || next >= s.ListEntries.size()) return "";
+  const std::string& entry = s.ListEntries[next];
+  return entry.rfind("Comment:", 0) == 0 ? entry.substr(8) : "";
 }
 
 std::string AskSaveChangesText(const Session& s) {

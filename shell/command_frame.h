@@ -5,6 +5,7 @@
 #include <array>
 #include <exception>
 #include <functional>
+#include <functional>
 #include <string>
 
 #include "core/session.h"

@@ -16,6 +16,7 @@
 #include "present/message_box.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
+#include "shell/algebra_file.h"
 #include "shell/command_frame.h"
 #include "shell/command_table.h"
 #include "shell/load_item.h"
@@ -156,16 +157,16 @@ void LoadEquation(Session& s, const std::string& text) {
 
 void AddToEquationList(Session& s, const std::string& text) {
   std::vector<std::string>& entries = s.ListEntries;
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    std::string entry = entries[i].size() > 4 ? entries[i].substr(4) : "";
-    RemoveSpaces(entry);
-    if (entry != text) continue;
-    const std::string comment =
-        i + 1 < entries.size() && entries[i + 1].size() > 8 ? entries[i + 1].substr(8) : "";
+  if (const int found = FindProblemEntry(s, text); found >= 0) {
+    const std::string comment = CommentOfProblem(s, found);
     if (!comment.empty()) {
       WorkSpaceSink box(s);
       WriteText(s, box, comment, 0, 1, "FFF0");
     }
+    return;
+  }
+  if (!ListHasRoomForProblem(s)) {
+    ShowCustomMessage(s, ListFullText(), 0);
     return;
   }
   s.Form.equation_box_items.push_back(text);

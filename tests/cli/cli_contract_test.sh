@@ -115,6 +115,10 @@ contains "batch prints each line's work space" "$out" "== 2x+3=7" "Consider  the
   "== 1/2+1/3" "Consider  the sum of fractions" "== (x]"
 contains "batch reports the count and time" "$err" "Error in input string.  Unmatched brackets." "3 lines in "
 lines=$("$cli" --json --batch "$work/batch.txt" 2>/dev/null | wc -l)
+"$cli" --batch "$work/batch.txt" >/dev/null 2>&1
+status=$?
+[ "$status" = 2 ] && echo "ok: a batch with a refused line exits 2" ||
+  { echo "FAIL: batch status $status"; failures=$((failures + 1)); }
 [ "$lines" = 3 ] && echo "ok: batch with json gives one object per line" || { echo "FAIL: $lines json lines"; failures=$((failures + 1)); }
 
 # The tutor reading standard input.
@@ -144,8 +148,126 @@ check "a file that cannot be read is told" 2 "" "The file $work/none.txt could n
   --file "$work/none.txt" "x"
 check "save without a file is a usage mistake" 64 "" "tavimor-cli: --save needs --file PATH to save to.
 Try 'tavimor-cli --help'." "x" --save
-check "a file that cannot be written" 1 "Consider  the expression  x" "File not saved." \
+check "a file that cannot be written says why" 1 "Consider  the expression  x" \
+  "File not saved.  The folder $work/no/such/dir does not exist." \
   "x" --save-as "$work/no/such/dir/x.txt"
+check "a folder where the file should be says so" 1 "Consider  the expression  x" \
+  "File not saved.  $work is a folder." "x" --save-as "$work"
+check "an empty name to save as is no silent success" 1 "" \
+  "File not saved.  No file name was given." --file "$work/list.txt" --save-as ""
+check "a file is saved as another without an item" 0 "" "" --file "$work/list.txt" \
+  --save-as "$work/copy.txt"
+cmp -s "$work/list.txt" "$work/copy.txt" && echo "ok: the copy holds the same entries" ||
+  { echo "FAIL: the copy differs"; failures=$((failures + 1)); }
+
+# Saving from the interactive tutor and from a batch.
+cp "$work/list.txt" "$work/session.txt"
+printf 'x=5\r\nquit\r\n' | "$cli" --file "$work/session.txt" --save >/dev/null 2>&1
+contains "the interactive tutor saves at its end" "$(cat "$work/session.txt")" "Eqn:x=5"
+printf 'x=6\n' > "$work/one.txt"
+"$cli" --batch "$work/one.txt" --file "$work/session.txt" --save >/dev/null 2>&1
+contains "a batch saves at its end" "$(cat "$work/session.txt")" "Eqn:x=5" "Eqn:x=6"
+
+# Saving keeps a symbolic link, the file's permissions, and replaces a stale temporary file.
+cp "$work/list.txt" "$work/target.txt"
+chmod 600 "$work/target.txt"
+ln -s target.txt "$work/link.txt"
+printf 'stale' > "$work/target.txt.saving"
+check "a save through a symbolic link" 0 "Consider  the equation  y = 2" "" \
+  --file "$work/link.txt" "y=2" --save
+[ -L "$work/link.txt" ] && echo "ok: the link stays a link" ||
+  { echo "FAIL: the link became a file"; failures=$((failures + 1)); }
+contains "the link's target holds the new problem" "$(cat "$work/target.txt")" "Eqn:y=2"
+[ "$(stat -c %a "$work/target.txt")" = 600 ] && echo "ok: the file keeps its mode" ||
+  { echo "FAIL: mode $(stat -c %a "$work/target.txt")"; failures=$((failures + 1)); }
+[ ! -e "$work/target.txt.saving" ] && echo "ok: no temporary file is left" ||
+  { echo "FAIL: a temporary file is left"; failures=$((failures + 1)); }
+
+# What is not a regular file is refused; what is too large is refused.
+check "a folder given as the file is refused" 2 "" \
+  "tavimor-cli: the file $work is a folder: give a text file." --file "$work" "x"
+check "a folder given as the batch is refused" 2 "" \
+  "tavimor-cli: the batch file $work is a folder: give a text file." --batch "$work"
+check "a device given as the file is refused" 2 "" \
+  "tavimor-cli: the file /dev/zero is not a regular file: give a text file." --file /dev/zero "x"
+{ printf 'Eqn:x\r\nComment:'; head -c 17000000 /dev/zero | tr '\0' 'a'; } > "$work/huge.txt"
+check "a file too large to be an algebra file is refused" 2 "" \
+  "The file $work/huge.txt is larger than 16 MB, more than an algebra file can be." \
+  --file "$work/huge.txt" "x"
+
+# A full list refuses a new problem before it is added, so the file stays readable.
+{ printf 'Topic:Full\r\n'; for i in $(seq 1 499); do printf 'Eqn:x=%d\r\nComment:\r\n' "$i"; done; } \
+  > "$work/full.txt"
+out=$("$cli" --file "$work/full.txt" "y=1" --save 2>&1)
+contains "a list of 999 entries refuses a new problem" "$out" \
+  "The problem is not added to the list: it holds 999 entries or more"
+check "the full list is still read after the save" 0 "Consider  the equation  x = 3" "" \
+  --file "$work/full.txt" "x=3"
+
+# Line ends: CR, LF and CR LF; the comment of a problem is the entry right after it.
+printf 'Topic:One\rEqn:x=1\rComment:First\rsecond line\rTopic:Two\rEqn:x=2\rTopic:Three\r' \
+  > "$work/cr.txt"
+check "a file with CR line ends is read entry by entry" 0 "One
+  x=1
+    # First
+    # second line
+Two
+  x=2
+Three" "" --file "$work/cr.txt" --list
+check "a problem followed by a topic has no comment" 0 "Consider  the equation  x = 2" "" \
+  --file "$work/cr.txt" "x=2"
+
+# Raw bytes never reach the terminal, and JSON stays valid.
+printf 'Topic:Bell\a and \033[31mred\r\nEqn:x\r\nComment:caf\xe9 \033]0;title\a\r\n' > "$work/raw.txt"
+check "control bytes in a file's list show in caret notation" 0 "Bell^G and ^[[31mred
+  x
+    # café ^[]0;title^G" "" --file "$work/raw.txt" --list
+check "an unknown command with an escape shows it in caret notation" 3 "" \
+  "Unknown command \"^[[2Jx\". 'tavimor-cli --help' lists the commands." "x" "$(printf '\033[2Jx')"
+printf 'x\tfrobnicate\nx\tleft\nx\n(x]\n\xff\xfe=\x01\n%s\n' "$(head -c 2000000 /dev/zero | tr '\0' x)" \
+  > "$work/mixed.txt"
+"$cli" --json --batch "$work/mixed.txt" > "$work/mixed.json" 2>/dev/null
+status=$?
+[ "$(wc -l < "$work/mixed.json")" = 6 ] && echo "ok: batch json gives one object for every line" ||
+  { echo "FAIL: $(wc -l < "$work/mixed.json") objects for 6 lines"; failures=$((failures + 1)); }
+[ "$status" = 3 ] && echo "ok: batch exit status is that of the first failed line" ||
+  { echo "FAIL: batch status $status"; failures=$((failures + 1)); }
+python3 -c '
+import json, sys
+lines = open(sys.argv[1], "rb").read().decode("utf-8").splitlines()
+errors = [json.loads(line)["error"] for line in lines]
+assert errors[0].startswith("Unknown command") and "not on offer" in errors[1], errors
+assert errors[2] is None and errors[3] and errors[4] and "longer than" in errors[5], errors
+' "$work/mixed.json" && echo "ok: batch json is valid UTF-8 with each line's error" ||
+  { echo "FAIL: batch json"; failures=$((failures + 1)); }
+
+# A long batch of distinct lines runs in linear time (a few seconds for 100,000).
+seq 1 100000 | sed 's/^/x+/' > "$work/long.txt"
+"$cli" --batch "$work/long.txt" >/dev/null 2>"$work/err"
+contains "a batch of 100,000 distinct lines" "$(cat "$work/err")" "100000 lines in "
+printf 'x=7\nquit\n' | "$cli" --file "$work/list.txt" >/dev/null 2>"$work/err"
+contains "new problems not saved are told at the end" "$(cat "$work/err")" \
+  "The new problems are not saved in $work/list.txt: give --save to keep them."
+
+# The interactive tutor: CR LF lines, a mistyped command, the course of a file.
+out=$(printf 'x+x\r\nsimplfy\r\nSimplify\r\nsimplify\r\nquit\r\n' | "$cli" 2>"$work/err")
+contains "a mistyped command is questioned and the item kept" "$out" "Did you mean simplify?" \
+  "combining like terms x + x  →  2x"
+case "$out$(cat "$work/err")" in
+  *"^M"* | *"Consider  the expression  simplfy"*) echo "FAIL: a line with CR LF or a slip was loaded"; failures=$((failures + 1)) ;;
+  *) echo "ok: lines ending in CR LF are read" ;;
+esac
+out=$(printf 'load\nload hint\nx+x\n(x]\nsimplify\nquit\n' | "$cli" 2>&1)
+contains "load takes a command word as a problem on purpose" "$out" \
+  "load takes the item to load" "Consider  the expression  hint" \
+  "(simplify works on x+x, the item before the one refused.)"
+out=$(printf 'list\nopen 2\nnext\nnext\nopen 9\nquit\n' | "$cli" --file "$work/cr.txt" 2>&1)
+contains "the interactive tutor walks the problems of a file" "$out" "  1. x=1" "  2. x=2" \
+  "Problem 2 of 2:" "Consider  the equation  x = 2" "That was the last problem of the file" \
+  "The file's problems are numbered 1 to 2."
+out=$(printf 'open 1\nnext\nquit\n' | "$cli" --file "$work/cr.txt" 2>&1)
+contains "open shows a problem with its comment" "$out" "Problem 1 of 2:" \
+  "Consider  the equation  x = 1" "First" "second line" "Problem 2 of 2:"
 
 # Help.
 help=$("$cli" --help)

@@ -32,5 +32,22 @@ TEST(Pieces, PiecesCountFromOne) {
   EXPECT_EQ(GetPiece("a;;b", 2, ";"), "");
 }
 
+TEST(Pieces, SetPieceReplacesOneFieldOnly) {
+  std::string record = "; 0; ; ; ";
+  SetPiece(record, 1, "; ", "(x+1)^2");
+  SetPiece(record, 4, "; ", "x*x+x+x+1");
+  EXPECT_EQ(record, "(x+1)^2; 0; ; x*x+x+x+1; ");
+  SetPiece(record, 2, "; ", "1");
+  EXPECT_EQ(GetPiece(record, 2, "; "), "1");
+  EXPECT_EQ(GetPiece(record, 4, "; "), "x*x+x+x+1");
+  EXPECT_EQ(GetPiece(record, 5, "; "), "");
+}
+
+TEST(Pieces, SetPieceBeyondTheCountAddsEmptyPieces) {
+  std::string text = "a";
+  SetPiece(text, 3, ";", "c");
+  EXPECT_EQ(text, "a;;c");
+}
+
 }  // namespace
 }  // namespace tavimor

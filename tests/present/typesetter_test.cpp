@@ -36,25 +36,108 @@ class Typesetter : public SessionTest {
 // An exponent is set at seven tenths of its base: 8.4 points, 4.2 wide a character, ascent 6.72.
 constexpr float kExponentWidth = 4.2f;
 constexpr float kExponentAscent = 6.72f;
+// The superscript shift at 12 points, and the slant's room after an italic letter.
+constexpr float kShift = 0.38f * 12.0f;
+constexpr float kItalicRoom = 0.05f * 12.0f;
+// A medium space, each side of a binary operator at 12 points.
+constexpr float kMedium = 12.0f * 4.0f / 18.0f;
 
-TEST_F(Typesetter, PowerIsWiderThanItsBaseByHalfABlankAndTheExponent) {
-  const Drawing x = Expression("x");
+TEST_F(Typesetter, ExponentFollowsItsBaseWithoutAGap) {
+  const Drawing number = Expression("2^3");
+  EXPECT_FLOAT_EQ(number.width, 6.0f + kExponentWidth);
+  EXPECT_FLOAT_EQ(TextItem(number, "3")->x, 6.0f);
+  EXPECT_FLOAT_EQ(TextItem(number, "3")->size, 8.4f);
+  // After an italic letter, only the room of its slant.
   const Drawing square = Expression("x^2");
-  EXPECT_FLOAT_EQ(square.width, x.width + sp / 2 + kExponentWidth);
-  EXPECT_FLOAT_EQ(TextItem(square, "2")->size, 8.4f);
+  EXPECT_FLOAT_EQ(TextItem(square, "2")->x, 6.0f + kItalicRoom);
+  EXPECT_FLOAT_EQ(square.width, 6.0f + kItalicRoom + kExponentWidth);
 }
 
-TEST_F(Typesetter, ExponentBaselineLiesATenthOfTheBaseBelowItsTop) {
+TEST_F(Typesetter, ExponentIsRaisedByTheSuperscriptShift) {
   const Drawing d = Expression("x^2");
   const DisplayItem* base = TextItem(d, "x");
   const DisplayItem* exponent = TextItem(d, "2");
   ASSERT_NE(base, nullptr);
   ASSERT_NE(exponent, nullptr);
-  EXPECT_FLOAT_EQ(exponent->y, kExponentAscent);            // the exponent's own baseline
-  EXPECT_FLOAT_EQ(base->y, kExponentAscent - 1.2f + 9.6f);  // t = base of e - 0.1 * height of b
+  EXPECT_FLOAT_EQ(base->y - exponent->y, kShift);
   EXPECT_FLOAT_EQ(d.baseline, base->y);
-  EXPECT_FLOAT_EQ(d.height, 0.9f * 12.0f + kExponentAscent);
-  EXPECT_FLOAT_EQ(exponent->x, 6.0f + sp / 2);
+  EXPECT_FLOAT_EQ(d.baseline, kShift + kExponentAscent);  // the exponent's top is the box's top
+  EXPECT_FLOAT_EQ(d.height, d.baseline + 2.4f);
+  EXPECT_LT(exponent->y, base->y - 0.3f * 12.0f);  // well clear of the base line, not a line up
+}
+
+TEST_F(Typesetter, ExponentOfATallBaseHangsNearItsTop) {
+  const Drawing d = Expression("(a/b)^2");
+  const DisplayItem* exponent = TextItem(d, "2");
+  const DisplayItem* a = TextItem(d, "a");
+  ASSERT_NE(exponent, nullptr);
+  // Above the numerator's baseline, not at the height a single line would give it.
+  EXPECT_LT(exponent->y, a->y);
+  EXPECT_LT(exponent->y, d.baseline - kShift);
+  // Its baseline hangs a fixed drop, in its own size, below the top of the bracket.
+  EXPECT_NEAR(exponent->y - Items(d, ItemKind::Bracket).at(0).y, 0.386f * 8.4f, 1e-4f);
+}
+
+TEST_F(Typesetter, FractionInAnExponentIsWrittenOnOneLineWithASlash) {
+  const Drawing d = Expression("8^(2/3)");
+  EXPECT_TRUE(Items(d, ItemKind::Rule).empty());
+  const DisplayItem* two = TextItem(d, "2");
+  const DisplayItem* slash = TextItem(d, "/");
+  const DisplayItem* three = TextItem(d, "3");
+  ASSERT_NE(two, nullptr);
+  ASSERT_NE(slash, nullptr);
+  ASSERT_NE(three, nullptr);
+  EXPECT_FLOAT_EQ(two->y, slash->y);
+  EXPECT_FLOAT_EQ(three->y, slash->y);
+  EXPECT_LT(two->x, slash->x);
+  EXPECT_LT(slash->x, three->x);
+  EXPECT_FLOAT_EQ(slash->size, 8.4f);
+  EXPECT_FLOAT_EQ(TextItem(d, "8")->y - two->y, kShift);
+  // Below the line, a fraction stays stacked.
+  EXPECT_EQ(Items(Expression("8^x/3"), ItemKind::Rule).size(), 1u);
+}
+
+TEST_F(Typesetter, OneLineFractionBracketsWhatWouldReadWrongly) {
+  // A sum above the slash, and a denominator of two factors, go in brackets.
+  EXPECT_EQ(Items(Expression("x^((a+b)/2)"), ItemKind::Bracket).size(), 2u);
+  EXPECT_EQ(Items(Expression("x^(1/(2*y))"), ItemKind::Bracket).size(), 2u);
+  EXPECT_EQ(Items(Expression("x^((a+b)/(c+d))"), ItemKind::Bracket).size(), 4u);
+  // A product above the slash reads rightly as it is.
+  EXPECT_TRUE(Items(Expression("x^(2*y/3)"), ItemKind::Bracket).empty());
+}
+
+TEST_F(Typesetter, CurvesAndRadicalsCarryTheSizeTheyAreSetAt) {
+  s.FontSize = 30.0f;
+  const Drawing d = Expression("sqrt(x)+(x+1)*2+e^((a+b)/2)");
+  const std::vector<DisplayItem> curves = Items(d, ItemKind::Bracket);
+  ASSERT_EQ(curves.size(), 4u);
+  EXPECT_FLOAT_EQ(curves[0].size, 30.0f);
+  EXPECT_FLOAT_EQ(curves[2].size, 21.0f);  // in the exponent
+  EXPECT_FLOAT_EQ(Items(d, ItemKind::Radical).at(0).size, 30.0f);
+}
+
+TEST_F(Typesetter, LettersAreItalicNumbersAndFunctionNamesUpright) {
+  const Drawing d = Expression("2*x+sin(y)");
+  EXPECT_EQ(TextItem(d, "x")->face, Face::Italic);
+  EXPECT_EQ(TextItem(d, "y")->face, Face::Italic);
+  EXPECT_EQ(TextItem(d, "2")->face, Face::Text);
+  EXPECT_EQ(TextItem(d, "sin")->face, Face::Text);
+}
+
+TEST_F(Typesetter, UnaryMinusStandsCloseAndBinaryOperatorsHaveAMediumSpace) {
+  const Drawing d = Expression("-a+b");
+  const std::vector<DisplayItem>& items = d.items;
+  const auto minus = std::find_if(items.begin(), items.end(),
+                                  [](const DisplayItem& i) { return i.text == "\xE2\x88\x92"; });
+  ASSERT_NE(minus, items.end());
+  EXPECT_FLOAT_EQ(minus->x, 0.0f);
+  EXPECT_FLOAT_EQ(TextItem(d, "a")->x, 6.0f);  // no space after the unary minus
+  EXPECT_FLOAT_EQ(TextItem(d, "+")->x, 12.0f + kMedium);
+  EXPECT_FLOAT_EQ(TextItem(d, "b")->x, 12.0f + 2 * kMedium + 6.0f);
+  // Inside an exponent, operators are set closer.
+  const Drawing power = Expression("e^(a+b)");
+  const DisplayItem* plus = TextItem(power, "+");
+  EXPECT_LT(TextItem(power, "b")->x - plus->x - 4.2f, kMedium * 0.7f);
 }
 
 TEST_F(Typesetter, FractionHasItsBaselineAtTheRule) {
@@ -98,15 +181,15 @@ TEST_F(Typesetter, TwoStackedFractionsShareOneBaseline) {
   EXPECT_FLOAT_EQ(TextItem(d, "+")->y, d.baseline);
 }
 
-TEST_F(Typesetter, SumTermsStandOnOneBaselineWithBlanksAroundSigns) {
+TEST_F(Typesetter, SumTermsStandOnOneBaselineWithSpacesAroundSigns) {
   const Drawing d = Expression("a+b");
   const DisplayItem* a = TextItem(d, "a");
   const DisplayItem* plus = TextItem(d, "+");
   const DisplayItem* b = TextItem(d, "b");
   EXPECT_FLOAT_EQ(a->y, b->y);
-  EXPECT_FLOAT_EQ(plus->x, 6.0f + sp);
-  EXPECT_FLOAT_EQ(b->x, 6.0f + 2 * sp + 6.0f);
-  EXPECT_FLOAT_EQ(d.width, 30.0f);
+  EXPECT_FLOAT_EQ(plus->x, 6.0f + kMedium);
+  EXPECT_FLOAT_EQ(b->x, 6.0f + 2 * kMedium + 6.0f);
+  EXPECT_FLOAT_EQ(d.width, 18.0f + 2 * kMedium);
 }
 
 TEST_F(Typesetter, ShownBracketsAreCurvesAsTallAsTheirContent) {

@@ -397,6 +397,44 @@ class MainWindowTest : public QObject {
     QVERIFY(dark > 500);
   }
 
+  // A screenshot run with a question or a message on the way finishes, writes the picture and
+  // tells on standard error what a modal form would have shown.
+  void ScreenshotNeverWaitsForAnAnswer() {
+    QTemporaryDir dir;
+    const auto run = [&dir](const QStringList& words, QString& told) {
+      const QString png = dir.filePath(QStringLiteral("shot.png"));
+      QFile::remove(png);
+      QProcess program;
+      program.start(QStringLiteral(TAVIMOR_WINDOW_PROGRAM),
+                    QStringList{QStringLiteral("--screenshot"), png} + words);
+      const bool finished = program.waitForFinished(20000);
+      if (!finished) program.kill();
+      told = QString::fromUtf8(program.readAllStandardError());
+      return finished && program.exitCode() == 0 && !QImage(png).isNull();
+    };
+    QString told;
+    QVERIFY(run({QStringLiteral("2x+")}, told));
+    QVERIFY2(told.contains(QStringLiteral("Invalid symbol + at end of expression.")),
+             qPrintable(told));
+    QVERIFY(run({QStringLiteral("x+y"), QStringLiteral("evaluate")}, told));
+    QVERIFY2(told.contains(QStringLiteral("Values of the letters")), qPrintable(told));
+    QVERIFY(run({QStringLiteral("x/0"), QStringLiteral("simplify")}, told));
+    QVERIFY2(told.contains(QStringLiteral("divide by 0")), qPrintable(told));
+  }
+
+  // The same answers inside the window: no modal form is opened.
+  void UnattendedFrontEndAnswersWithTheDefaults() {
+    frontend_->SetUnattended(true);
+    QCOMPARE(frontend_->AskText("Enter the letter of the unknown", "x"),
+             std::optional<std::string>("x"));
+    QVERIFY(!frontend_->AskYesNo("Really want to stop AutoSolve?"));
+    QCOMPARE(frontend_->WaitButton("", 0, 0), PauseInput::Continue);
+    QCOMPARE(frontend_->AskValues({"x"}, {"2"}), std::optional<std::vector<std::string>>({"2"}));
+    QVERIFY(!frontend_->AskValues({"x", "y"}, {"2", ""}).has_value());
+    frontend_->ShowMessageBox("Error in Simplify.", 2, MessageIcon::Critical);
+    QCOMPARE(QApplication::activeModalWidget(), nullptr);
+  }
+
  private:
   std::unique_ptr<QtFrontend> frontend_;
   std::unique_ptr<Session> session_;

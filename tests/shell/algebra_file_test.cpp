@@ -2,6 +2,7 @@
 // list, the recent files and the topic display's model.
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -199,6 +200,144 @@ TEST_F(AlgebraFile, RetypedEquationWithOtherSpacingShowsItsCommentAndAddsNothing
   EXPECT_EQ(s.ListEntries.size(), 2u);
   EXPECT_FALSE(HasUnsavedChanges(s));
   EXPECT_NE(frontend.Transcript().find("Start by subtracting 3."), std::string::npos);
+}
+
+TEST_F(AlgebraFile, CrLfAndLoneCrLineEndsReadAlike) {
+  for (const std::string& bytes : {std::string("Eqn:x=1\r\nComment:one\r\ntwo\r\nEqn:y\r\n"),
+                                   std::string("Eqn:x=1\rComment:one\rtwo\rEqn:y\r"),
+                                   std::string("Eqn:x=1\nComment:one\r\ntwo\rEqn:y")}) {
+    ASSERT_TRUE(ReadAlgebraFile(s, Write("ends.txt", bytes)).ok);
+    EXPECT_EQ(s.ListEntries, (std::vector<std::string>{"Eqn:x=1", "Comment:one\r\ntwo", "Eqn:y"}));
+  }
+}
+
+TEST_F(AlgebraFile, CrOnlyFileIsSavedWithoutDuplicates) {
+  ASSERT_TRUE(ReadAlgebraFile(s, Write("cr.txt", "Topic:A\rEqn:x\rComment:c\r")).ok);
+  ASSERT_EQ(s.ListEntries.size(), 3u);
+  const std::string copy = (dir_ / "copy.txt").string();
+  ASSERT_TRUE(WriteAlgebraFile(s, copy));
+  EXPECT_EQ(Bytes(copy), "Topic:A\r\nEqn:x\r\nComment:c\r\n");
+}
+
+TEST_F(AlgebraFile, AProblemFollowedByATopicHasNoComment) {
+  s.ListEntries = {"Eqn:x=2", "Topic:Quadratic equations", "Eqn:y=3", "Comment:Done."};
+  StartUp(s, ".");
+  ASSERT_TRUE(cmdLoadEquation(s, "x=2", false));
+  EXPECT_EQ(frontend.Transcript().find("equations"), std::string::npos) << frontend.Transcript();
+  EXPECT_EQ(CommentOfProblem(s, FindProblemEntry(s, "y=3")), "Done.");
+  EXPECT_EQ(FindProblemEntry(s, "x=2"), 0);
+  EXPECT_EQ(FindProblemEntry(s, "x=22"), -1);
+}
+
+TEST_F(AlgebraFile, AFullListRefusesANewProblemBeforeAddingIt) {
+  s.ListEntries.assign(kListCapacity - 1, "Comment:");
+  s.ListEntries.front() = "Topic:Full";
+  StartUp(s, ".");
+  ASSERT_TRUE(cmdLoadEquation(s, "x=1", false));
+  EXPECT_EQ(static_cast<int>(s.ListEntries.size()), kListCapacity - 1);
+  EXPECT_FALSE(HasUnsavedChanges(s));
+  ASSERT_FALSE(frontend.messages.empty());
+  EXPECT_EQ(frontend.messages.back().text, ListFullText());
+  // The list as it stands is saved and read back whole.
+  const std::string path = (dir_ / "full.txt").string();
+  ASSERT_TRUE(WriteAlgebraFile(s, path));
+  EXPECT_TRUE(ReadAlgebraFile(s, path).ok);
+  EXPECT_EQ(static_cast<int>(s.ListEntries.size()), kListCapacity - 1);
+}
+
+TEST_F(AlgebraFile, TwoEntriesBelowTheBoundStillTakeANewProblem) {
+  s.ListEntries.assign(kListCapacity - 2, "Comment:");
+  StartUp(s, ".");
+  ASSERT_TRUE(cmdLoadEquation(s, "x=1", false));
+  EXPECT_EQ(static_cast<int>(s.ListEntries.size()), kListCapacity);
+  EXPECT_TRUE(frontend.messages.empty());
+}
+
+TEST_F(AlgebraFile, SavingThroughASymbolicLinkWritesItsTargetAndKeepsItsMode) {
+  const std::string target = Write("target.txt", "Eqn:x\r\nComment:\r\n");
+  fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+  const std::string link = (dir_ / "link.txt").string();
+  fs::create_symlink("target.txt", link);
+  s.ListEntries = {"Eqn:y", "Comment:"};
+  std::string reason;
+  ASSERT_TRUE(WriteAlgebraFile(s, link, &reason)) << reason;
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(Bytes(target), "Eqn:y\r\nComment:\r\n");
+  EXPECT_EQ(fs::status(target).permissions() & fs::perms::all,
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(AlgebraFile, SavingReplacesAStaleTemporaryFile) {
+  const std::string path = Write("list.txt", "Eqn:x\r\n");
+  Write("list.txt.saving", "half a save");
+  fs::permissions(dir_ / "list.txt.saving", fs::perms::owner_read);
+  s.ListEntries = {"Eqn:z"};
+  ASSERT_TRUE(WriteAlgebraFile(s, path));
+  EXPECT_EQ(Bytes(path), "Eqn:z\r\n");
+  EXPECT_FALSE(fs::exists(dir_ / "list.txt.saving"));
+}
+
+TEST_F(AlgebraFile, FailedSavesSayWhy) {
+  s.ListEntries = {"Eqn:x"};
+  std::string reason;
+  EXPECT_FALSE(WriteAlgebraFile(s, (dir_ / "none" / "x.txt").string(), &reason));
+  EXPECT_EQ(reason, "The folder " + (dir_ / "none").string() + " does not exist.");
+  EXPECT_FALSE(WriteAlgebraFile(s, dir_.string(), &reason));
+  EXPECT_EQ(reason, dir_.string() + " is a folder.");
+  EXPECT_FALSE(WriteAlgebraFile(s, "", &reason));
+  EXPECT_EQ(reason, "No file name was given.");
+  EXPECT_EQ(SaveFailureReason(ENOSPC, "/a/b.txt"), "The disk is full.");
+  EXPECT_EQ(SaveFailureReason(EACCES, "/a/b.txt"), "The file /a/b.txt or its folder is read-only.");
+  EXPECT_EQ(SaveFailureReason(EROFS, "/a/b.txt"), "The file /a/b.txt is on a read-only disk.");
+  EXPECT_EQ(FileNotSavedText("The disk is full."), "File not saved.  The disk is full.");
+  EXPECT_EQ(FileNotSavedText(""), "File not saved.");
+}
+
+TEST_F(AlgebraFile, AReadOnlyFileIsNotReplaced) {
+  if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write any file";
+  const std::string path = Write("locked.txt", "Eqn:x\r\n");
+  fs::permissions(path, fs::perms::owner_read);
+  s.ListEntries = {"Eqn:y"};
+  std::string reason;
+  EXPECT_FALSE(WriteAlgebraFile(s, path, &reason));
+  EXPECT_EQ(reason, "The file " + path + " or its folder is read-only.");
+  EXPECT_EQ(Bytes(path), "Eqn:x\r\n");
+}
+
+TEST_F(AlgebraFile, SavingOverADeviceIsRefused) {
+  s.ListEntries = {"Eqn:x"};
+  std::string reason;
+  EXPECT_FALSE(WriteAlgebraFile(s, "/dev/null", &reason));
+  EXPECT_EQ(reason, "/dev/null is not a regular file.");
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(AlgebraFile, AListBeyondTheBoundIsNotSaved) {
+  s.ListEntries.assign(kListCapacity + 1, "Comment:");
+  std::string reason;
+  EXPECT_FALSE(WriteAlgebraFile(s, (dir_ / "big.txt").string(), &reason));
+  EXPECT_NE(reason.find("more than 1000 entries"), std::string::npos);
+  EXPECT_FALSE(fs::exists(dir_ / "big.txt"));
+}
+
+TEST_F(AlgebraFile, WhatIsNoRegularFileIsRefused) {
+  const ReadOutcome folder = ReadAlgebraFile(s, dir_.string());
+  EXPECT_FALSE(folder.ok);
+  EXPECT_EQ(folder.problem, "The file " + dir_.string() + " could not be opened: it is a folder.");
+  const ReadOutcome device = ReadAlgebraFile(s, "/dev/zero");
+  EXPECT_FALSE(device.ok);
+  EXPECT_NE(device.problem.find("not a regular file"), std::string::npos);
+  EXPECT_TRUE(s.ListEntries.empty());
+  EXPECT_TRUE(s.FileName.empty());
+}
+
+TEST_F(AlgebraFile, AFileBeyondTheSizeBoundIsRefused) {
+  const std::string path =
+      Write("huge.txt", "Eqn:x\r\nComment:" + std::string(kMaxFileBytes, 'a') + "\r\n");
+  const ReadOutcome outcome = ReadAlgebraFile(s, path);
+  EXPECT_FALSE(outcome.ok);
+  EXPECT_NE(outcome.problem.find("larger than 16 MB"), std::string::npos);
+  EXPECT_TRUE(s.ListEntries.empty());
 }
 
 }  // namespace

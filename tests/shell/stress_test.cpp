@@ -2,7 +2,15 @@
 // message, with the work item whole and usable, never a crash.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include <unistd.h>
+
 #include "core/node_pool.h"
+#include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
@@ -74,6 +82,68 @@ TEST_F(Stress, LongestTextOfOneNumberLoads) {
   const std::string digits(5000, '7');
   ASSERT_TRUE(cmdLoadEquation(s, digits, false));
   EXPECT_EQ(s.Form.item_kind, "number");
+}
+
+// A hundred thousand distinct problems typed one after another: the list stops at its bound with
+// a message, and finding a problem in it never grows with the number typed.
+TEST_F(Stress, HundredThousandDistinctProblemsKeepTheListWithinItsBound) {
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 100000; ++i) {
+    ASSERT_TRUE(cmdLoadEquation(s, "x+" + std::to_string(i), false));
+    ASSERT_LE(static_cast<int>(s.ListEntries.size()), kListCapacity);
+  }
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  EXPECT_EQ(static_cast<int>(s.ListEntries.size()), kListCapacity);
+  ASSERT_FALSE(frontend.messages.empty());
+  EXPECT_EQ(frontend.messages.back().text, ListFullText());
+  // A problem of the list is still found, its comment shown, nothing added.
+  ASSERT_TRUE(cmdLoadEquation(s, "x+7", false));
+  EXPECT_EQ(static_cast<int>(s.ListEntries.size()), kListCapacity);
+  RecordProperty("seconds_for_100000_loads", std::to_string(seconds));
+  std::printf("100000 distinct loads in %.2f s\n", seconds);
+}
+
+class HostileFiles : public Stress {
+ protected:
+  HostileFiles()
+      : dir_(std::filesystem::temp_directory_path() /
+             ("tavimor_hostile_" + std::to_string(::getpid()))) {
+    std::filesystem::create_directories(dir_);
+  }
+  ~HostileFiles() override { std::filesystem::remove_all(dir_); }
+  std::string Write(const std::string& name, const std::string& bytes) {
+    const std::string path = (dir_ / name).string();
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+  }
+  std::filesystem::path dir_;
+};
+
+TEST_F(HostileFiles, EndlessDeviceFolderAndHugeFileAreRefusedWithAReason) {
+  for (const std::string& path :
+       {std::string("/dev/zero"), std::string("/dev/urandom"), dir_.string(),
+        Write("huge.txt", "Eqn:x\r\n" + std::string(kMaxFileBytes + 1, '\r'))}) {
+    const ReadOutcome outcome = ReadAlgebraFile(s, path);
+    EXPECT_FALSE(outcome.ok) << path;
+    EXPECT_FALSE(outcome.problem.empty()) << path;
+    EXPECT_TRUE(s.ListEntries.empty());
+  }
+}
+
+TEST_F(HostileFiles, MixedLineEndsControlBytesAndAThousandEntriesRoundTrip) {
+  std::string bytes;
+  for (int i = 0; i < kListCapacity / 2; ++i) {
+    bytes += "Eqn:x=" + std::to_string(i) + (i % 3 == 0 ? "\r" : i % 3 == 1 ? "\n" : "\r\n");
+    bytes += "Comment:\x1b[2J\x07\xff" + std::string(i % 7, '\r') + "\n";
+  }
+  ASSERT_TRUE(ReadAlgebraFile(s, Write("mixed.txt", bytes)).ok);
+  ASSERT_EQ(static_cast<int>(s.ListEntries.size()), kListCapacity);
+  const std::string copy = (dir_ / "copy.txt").string();
+  ASSERT_TRUE(WriteAlgebraFile(s, copy));
+  const std::vector<std::string> first = s.ListEntries;
+  ASSERT_TRUE(ReadAlgebraFile(s, copy).ok);
+  EXPECT_EQ(s.ListEntries, first);  // a second save changes nothing: no entry is duplicated
 }
 
 }  // namespace
