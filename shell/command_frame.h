@@ -5,7 +5,6 @@
 #include <array>
 #include <exception>
 #include <functional>
-#include <functional>
 #include <string>
 
 #include "core/session.h"
