@@ -255,10 +255,11 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
     const std::string key = entries[i].kind + entries[i].base;
     while (j < entries.size() && entries[j].kind + entries[j].base == key) ++j;
     const Entry& head = entries[i];
-    // One factor stays as it is written, unless a negative exponent goes under the line.
+    // One factor stays as it is written, unless its exponent changes sides: a negative exponent
+    // goes under the line, and without reciprocals a denominator comes up, 2/x^3 = 2*x^(-3).
     const bool negative = StartsNegative(head.exponent);
-    if (j - i == 1 &&
-        (head.role == kRoleDenominator ? !negative : !negative || !s.ExponentToReciprocal)) {
+    if (j - i == 1 && (head.role == kRoleDenominator ? !negative && s.ExponentToReciprocal
+                                                     : !negative || !s.ExponentToReciprocal)) {
       (head.role == kRoleDenominator ? out.denominator : out.numerator).push_back(head.text);
       i = j;
       continue;
