@@ -104,6 +104,18 @@ TEST_F(TrueValues, SumOfNumbersPastTheExactBoundIsLeftAlone) {
   EXPECT_EQ(Run("1E20+1"), "1E20");
 }
 
+TEST_F(TrueValues, ProductThatWouldLoseDigitsIsLeftAlone) {
+  EXPECT_EQ(Run("123456789*987654321"), "123456789*987654321");
+  EXPECT_EQ(Run("123456789*987654321*x"), "123456789*987654321*x");
+  EXPECT_EQ(Run("-1E20*3*x"), "-3E20*x");
+  EXPECT_EQ(Run("1*1E20"), "1E20");
+  EXPECT_EQ(Run("46341*46341"), "2.147488281E9");  // every digit kept
+  EXPECT_EQ(Run("1E20*3"), "3E20");
+  EXPECT_EQ(Run("123456789*123456789"), "123456789*123456789");  // 17 figures
+  s.ExactToFloat = true;
+  EXPECT_EQ(Run("123456789*987654321"), "1.21932631112635E17");
+}
+
 TEST_F(TrueValues, SnappingNeverMakesZero) {
   EXPECT_EQ(SnapToInteger(s, "1E-12"), 1e-12);
   EXPECT_EQ(SnapToInteger(s, "-1E-20"), -1e-20);
