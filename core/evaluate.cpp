@@ -124,6 +124,15 @@ double ApplyFunction(const Session& s, std::string_view name, double a) {
   return a;
 }
 
+// Whether a value is a fraction m/k in lowest terms with an odd k below 100.
+bool HasOddDenominator(double value) {
+  for (int k = 1; k < 100; ++k) {
+    const double m = value * k;
+    if (std::fabs(m - std::nearbyint(m)) < 1e-9) return k % 2 == 1;
+  }
+  return false;
+}
+
 // The value a number's text gives back: 15 significant figures.
 double RoundToFifteenFigures(double value) {
   std::array<char, 40> text{};
@@ -226,7 +235,12 @@ void EvaluateNode(Session& s, NodeIdx n) {
       if (base == 0.0 && exponent < 0.0) {
         throw RunTimeError(RunTimeErrorNumber::DivisionByZero, "Division by zero");
       }
-      if (base < 0.0 && exponent != std::nearbyint(exponent)) throw RootOfNegativeError();
+      if (base < 0.0 && exponent != std::nearbyint(exponent)) {
+        // An odd root of a negative number is real, (-8)^(1/3) = -2, and is left to the rules;
+        // an even one, or a power that is no fraction, is complex.
+        if (HasOddDenominator(exponent)) Domain("Invalid procedure call or argument");
+        throw RootOfNegativeError();
+      }
       a = std::pow(base, exponent);
       break;
     }

@@ -13,7 +13,8 @@ namespace tavimor {
 inline constexpr double kDegreeFactor = 0.017453292519943278;
 
 // The run-time error of an even root of a negative number (a square root, or a negative base
-// to a power that is no whole number): its value is complex, not undefined.
+// to a fraction with an even denominator or to a power that is no fraction): its value is
+// complex, not undefined.
 class RootOfNegativeError : public RunTimeError {
  public:
   RootOfNegativeError()

@@ -138,6 +138,14 @@ TEST_F(Evaluate, SquareRootOfANegativeFractionIsComplexUnderRealArithmetic) {
   }
 }
 
+TEST_F(Evaluate, EvenRootOfANegativeFractionIsComplexButAnOddRootIsNot) {
+  EXPECT_NE(Press("x^(3/4)", std::vector<std::string>{"-0.5"}).find("cannot be evaluated further"),
+            std::string::npos);
+  // The cube root of -8 is real: never told as complex.
+  EXPECT_EQ(Press("x^(1/3)", std::vector<std::string>{"-8"}).find("cannot be evaluated further"),
+            std::string::npos);
+}
+
 TEST_F(Evaluate, SquareRootOfANegativeFractionWithComplexArithmetic) {
   s.ComplexForm = 1;
   EXPECT_NE(Press("sqrt(x)", std::vector<std::string>{"-0.25"})
