@@ -74,8 +74,8 @@ class TerminalFrontend : public Frontend {
   std::vector<std::pair<std::string, std::string>> given_values_;
   std::vector<std::string> missing_values_;
   std::vector<std::string> refused_values_;
-  std::vector<std::string>
-      ask_again_;  // letters whose given value was refused: asked at the prompt
+  // Letters whose given value was refused: asked for at the prompt.
+  std::vector<std::string> ask_again_;
 };
 
 }  // namespace tavimor

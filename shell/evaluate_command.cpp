@@ -76,7 +76,8 @@ std::string ValueRefusal(Session& s, const std::string& letter, std::string& val
   if (value.find('=') != std::string::npos) {
     return "The value of " + letter + " can't hold an = sign.";
   }
-  if (HoldsLetter(s, value)) {
+  // One quantity of numbers: no other letter, and not the pieces of a set.
+  if (value.find(';') != std::string::npos || HoldsLetter(s, value)) {
     return "The value of " + letter + " must be a number or an expression of numbers.";
   }
   return "";

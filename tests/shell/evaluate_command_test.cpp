@@ -170,6 +170,13 @@ TEST_F(Evaluate, AValueFailingTheInputCheckIsRefusedWithItsMessage) {
   EXPECT_FALSE(frontend.messages[0].text.empty());
 }
 
+TEST_F(Evaluate, AValueOfTwoPiecesIsRefused) {
+  EXPECT_EQ(Press("x+1", std::vector<std::string>{"1;2"}), "");
+  ASSERT_EQ(frontend.messages.size(), 1u);
+  EXPECT_EQ(frontend.messages[0].text,
+            "The value of x must be a number or an expression of numbers.");
+}
+
 TEST_F(Evaluate, AValueOfNumbersAndConstantsIsTaken) {
   s.SpecialP = true;
   EXPECT_NE(Press("x+1", std::vector<std::string>{"1/2"}).find("evaluates to @1.5@ ."),
