@@ -261,7 +261,12 @@ bool RootOfNumber(Session& s, const Power& w, Outcome& out) {
   if (a < 0.0 && k % 2 == 0) return false;
   const double r = (a < 0.0 ? -1.0 : 1.0) * std::pow(std::fabs(a), 1.0 / static_cast<double>(k));
   if (std::fabs(r - std::nearbyint(r)) > 1e-10) return false;
-  const std::string root = FormatValue(s, std::nearbyint(r));
+  // The root must be exact: 1E-33^(1/3) is no 0, and 8.0000000001^(1/3) no 2.
+  const double whole = std::nearbyint(r);
+  if (whole == 0.0 || std::pow(std::fabs(whole), static_cast<double>(k)) != std::fabs(a)) {
+    return false;
+  }
+  const std::string root = FormatValue(s, whole);
   const std::string fact = "@" + w.bt + "^(1/" + std::to_string(k) + ")=" + root + "@ .";
   if (m == 1) {
     out = {root, "308#Simplify using the fact that " + fact};

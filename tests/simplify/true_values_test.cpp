@@ -123,6 +123,15 @@ TEST_F(TrueValues, SnappingNeverMakesZero) {
   EXPECT_EQ(SnapToInteger(s, "3.00000000001"), 3.0);
 }
 
+TEST_F(TrueValues, RootOfATinyNumberIsNoZero) {
+  EXPECT_EQ(Run("1E-33^(1/3)"), "1E-33^(1/3)");
+  EXPECT_EQ(Run("1E-30^(1/5)"), "1E-30^(1/5)");
+  EXPECT_EQ(Run("8.0000000001^(1/3)"), "8.0000000001^(1/3)");
+  EXPECT_EQ(Run("27^(1/3)"), "3");
+  EXPECT_EQ(Run("(-27)^(1/3)"), "-3");
+  EXPECT_EQ(Run("16^(3/4)"), "8");
+}
+
 TEST_F(TrueValues, SmallTermIsKept) {
   EXPECT_EQ(Run("x+1E-12"), "x+1E-12");
   EXPECT_EQ(Run("1E-12+x"), "x+1E-12");
