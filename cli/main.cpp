@@ -276,6 +276,8 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
               << letter << "=...\".\n";
     if (status == kExitOk) status = kExitUsage;
   }
+  // A value --values gives that the check refused (its message is on standard error).
+  if (!frontend.RefusedValues().empty()) status = kExitUsage;
   return status;
 }
 

@@ -153,6 +153,8 @@ void TerminalFrontend::Reset() {
   messages_.clear();
   hints_.clear();
   missing_values_.clear();
+  refused_values_.clear();
+  ask_again_.clear();
 }
 
 PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {
@@ -211,7 +213,9 @@ std::optional<std::vector<std::string>> TerminalFrontend::AskValues(
     const std::string& letter = letters[k];
     const auto given = std::find_if(given_values_.begin(), given_values_.end(),
                                     [&letter](const auto& pair) { return pair.first == letter; });
-    if (given != given_values_.end()) {
+    const bool refused =
+        std::find(ask_again_.begin(), ask_again_.end(), letter) != ask_again_.end();
+    if (given != given_values_.end() && !refused) {
       values.push_back(given->second);
       continue;
     }
@@ -220,15 +224,29 @@ std::optional<std::vector<std::string>> TerminalFrontend::AskValues(
       continue;
     }
     Flush();
-    const std::string suggestion = k < suggestions.size() ? suggestions[k] : "";
+    // A refused value is not offered again.
+    const std::string suggestion = k < suggestions.size() && !refused ? suggestions[k] : "";
     std::string prompt = letter + " = ";
     if (!suggestion.empty()) prompt += "[" + PrintableText(suggestion) + "] ";
     std::string answer;
-    if (!ReadAnswer(prompt, answer)) return std::nullopt;
+    if (!ReadAnswer(prompt, answer)) {
+      ask_again_.clear();
+      return std::nullopt;
+    }
     values.push_back(answer.empty() ? suggestion : answer);
   }
+  ask_again_.clear();
   if (!missing_values_.empty()) return std::nullopt;
   return values;
+}
+
+bool TerminalFrontend::AskValueAgain(const std::string& letter) {
+  if (!live_) {
+    refused_values_.push_back(letter);
+    return false;
+  }
+  ask_again_.push_back(letter);
+  return true;
 }
 
 void TerminalFrontend::ShowHelp(int help_number) {

@@ -58,6 +58,7 @@ class TerminalFrontend : public Frontend {
   std::optional<std::vector<std::string>> AskValues(
       const std::vector<std::string>& letters,
       const std::vector<std::string>& suggestions) override;
+  bool AskValueAgain(const std::string& letter) override;
   void ShowHelp(int help_number) override;
 
   // Values given beforehand ("x" -> "2"), answered for those letters without asking.
@@ -66,6 +67,8 @@ class TerminalFrontend : public Frontend {
   }
   // Letters whose value was asked for and neither given nor typed, since the last Reset.
   const std::vector<std::string>& MissingValues() const { return missing_values_; }
+  // Letters whose given value was refused where nothing can be asked, since the last Reset.
+  const std::vector<std::string>& RefusedValues() const { return refused_values_; }
 
   // Prints what is left of the current line (live mode).
   void Flush();
@@ -92,6 +95,9 @@ class TerminalFrontend : public Frontend {
   std::vector<std::pair<std::string, std::string>> given_values_;
   std::vector<std::string> missing_values_;
   LineSource line_source_;
+  std::vector<std::string> refused_values_;
+  // Letters whose given value was refused: asked for at the prompt.
+  std::vector<std::string> ask_again_;
 };
 
 }  // namespace tavimor

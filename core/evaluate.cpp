@@ -2,7 +2,10 @@
 // bottom-up evaluation that leaves each node's value in place for the next point.
 #include "core/evaluate.h"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 #include "core/node_pool.h"
@@ -111,7 +114,7 @@ double ApplyFunction(const Session& s, std::string_view name, double a) {
   if (name == "arctan") return std::atan(a) * out;
   if (name == "exp") return std::exp(a);
   if (name == "sqrt") {
-    if (a < 0.0) Domain("Invalid procedure call or argument");
+    if (a < 0.0) throw RootOfNegativeError();
     return std::sqrt(a);
   }
   if (name == "ln" || name == "log") {
@@ -119,6 +122,22 @@ double ApplyFunction(const Session& s, std::string_view name, double a) {
     return name == "ln" ? std::log(a) : std::log(a) / std::log(10.0);
   }
   return a;
+}
+
+// Whether a value is a fraction m/k in lowest terms with an odd k below 100.
+bool HasOddDenominator(double value) {
+  for (int k = 1; k < 100; ++k) {
+    const double m = value * k;
+    if (std::fabs(m - std::nearbyint(m)) < 1e-9) return k % 2 == 1;
+  }
+  return false;
+}
+
+// The value a number's text gives back: 15 significant figures.
+double RoundToFifteenFigures(double value) {
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%.15g", value);
+  return std::strtod(text.data(), nullptr);
 }
 
 }  // namespace
@@ -217,7 +236,10 @@ void EvaluateNode(Session& s, NodeIdx n) {
         throw RunTimeError(RunTimeErrorNumber::DivisionByZero, "Division by zero");
       }
       if (base < 0.0 && exponent != std::nearbyint(exponent)) {
-        Domain("Invalid procedure call or argument");
+        // An odd root of a negative number is real, (-8)^(1/3) = -2, and is left to the rules;
+        // an even one, or a power that is no fraction, is complex.
+        if (HasOddDenominator(exponent)) Domain("Invalid procedure call or argument");
+        throw RootOfNegativeError();
       }
       a = std::pow(base, exponent);
       break;
@@ -235,6 +257,16 @@ void EvaluateNode(Session& s, NodeIdx n) {
 void EvaluateAll(Session& s, NodeIdx n) {
   LoadLeaves(s, n);
   ForEachInnerNodeChildrenFirst(s, n, [&s](NodeIdx inner) { EvaluateNode(s, inner); });
+}
+
+void EvaluateAllRounded(Session& s, NodeIdx n) {
+  LoadLeaves(s, n);
+  ForEachInnerNodeChildrenFirst(s, n, [&s](NodeIdx inner) {
+    EvaluateNode(s, inner);
+    ExprNode& node = s.Pool[inner];
+    if (node.Kind == kKindFunction)
+      node.Value = RoundToFifteenFigures(std::get<double>(node.Value));
+  });
 }
 
 }  // namespace tavimor

@@ -49,6 +49,9 @@ class Frontend {
   // suggestion filled in; nothing when the student cancels.
   virtual std::optional<std::vector<std::string>> AskValues(
       const std::vector<std::string>& letters, const std::vector<std::string>& suggestions) = 0;
+  // The value given for the letter was refused, and its message shown. True when the front end
+  // can ask for it again; one whose values were fixed beforehand says no, and the command ends.
+  virtual bool AskValueAgain(const std::string& /*letter*/) { return true; }
   // The help topic with that number.
   virtual void ShowHelp(int help_number) = 0;
 };

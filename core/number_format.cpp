@@ -1,6 +1,7 @@
 // The general number format and the scientific patterns ("0.00E-0") that numbers are written in.
 #include "core/number_format.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -43,6 +44,45 @@ DecimalDigits RoundToFigures(double x, int figures) {
   out.exponent = std::atoi(text.c_str() + e_at + 1);
   while (out.digits.size() > 1 && out.digits.back() == '0') out.digits.pop_back();
   return out;
+}
+
+std::string FullNumberText(std::string_view text, char decimal_point) {
+  const std::size_t e = text.find('E');
+  if (e == std::string_view::npos || !ParseNumberText(text, decimal_point))
+    return std::string(text);
+  std::string_view mantissa = text.substr(0, e);
+  std::string sign;
+  if (!mantissa.empty() && (mantissa[0] == '-' || mantissa[0] == '+')) {
+    if (mantissa[0] == '-') sign = "-";
+    mantissa.remove_prefix(1);
+  }
+  const int exponent = std::atoi(std::string(text.substr(e + 1)).c_str());
+  if (exponent > 400 || exponent < -400) return std::string(text);
+  // The digits, and where the decimal point stands among them once the exponent has moved it.
+  std::string digits;
+  int point = -1;
+  for (const char c : mantissa) {
+    if (c == decimal_point) {
+      point = static_cast<int>(digits.size());
+    } else {
+      digits += c;
+    }
+  }
+  if (point < 0) point = static_cast<int>(digits.size());
+  point += exponent;
+  if (point <= 0) {
+    digits.insert(0, static_cast<std::size_t>(1 - point), '0');
+    point = 1;
+  }
+  if (point > static_cast<int>(digits.size())) {
+    digits.append(static_cast<std::size_t>(point) - digits.size(), '0');
+  }
+  std::string whole = digits.substr(0, static_cast<std::size_t>(point));
+  std::string fraction = digits.substr(static_cast<std::size_t>(point));
+  whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size() - 1));
+  while (!fraction.empty() && fraction.back() == '0') fraction.pop_back();
+  if (whole == "0" && fraction.empty()) sign.clear();
+  return sign + whole + (fraction.empty() ? "" : decimal_point + fraction);
 }
 
 std::string GeneralNumberFormat(double x, char decimal_point) {

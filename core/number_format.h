@@ -26,6 +26,11 @@ std::string GeneralNumberFormat(double x, char decimal_point);
 std::string ScientificPatternFormat(double x, int decimals, char decimal_point,
                                     bool exponent_plus = false);
 
+// A number text in E notation written out in full, every digit kept: "2.147483646E9" gives
+// "2147483646", "-1.5E-3" gives "-0.0015". Any other text comes back as it is, and so does an
+// exponent beyond 400, which no finite number needs.
+std::string FullNumberText(std::string_view text, char decimal_point);
+
 // Reads a whole text as a number written with `decimal_point`: optional sign, digits with at
 // most one separator, optional "E", sign and digits. Nothing if the text is not exactly a number
 // or its value is too large for a 64-bit float.

@@ -2,6 +2,7 @@
 // to a number, which one sentence tells.
 #include "shell/evaluate_command.h"
 
+#include <optional>
 #include <vector>
 
 #include "core/evaluate.h"
@@ -9,6 +10,8 @@
 #include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/regenerate.h"
+#include "core/temp_tree.h"
+#include "core/tree_walk.h"
 #include "core/validate.h"
 #include "present/message_box.h"
 #include "present/work_space.h"
@@ -40,10 +43,70 @@ std::string SideWords(const Session& s) {
   return "expression evaluates to ";
 }
 
-// The value of a side that the simplify loop left with a function it has no rule for yet.
+// The value of a side that the simplify loop left with a function it has no rule for yet;
+// empty when a root of a negative number makes it complex under real arithmetic.
 std::string Evaluated(Session& s, NodeIdx side) {
-  EvaluateAll(s, side);
+  try {
+    EvaluateAllRounded(s, side);
+  } catch (const RootOfNegativeError&) {
+    if (s.ComplexForm != 0) throw;
+    return "";
+  }
   return FormatValue(s, ValueAsNumber(s, s.Pool[side].Value));
+}
+
+// Whether a letter of the text is no constant: a value must be a number or hold only numbers.
+bool HoldsLetter(Session& s, const std::string& text) {
+  const TempTree t(s, text, TempTree::Depth::Whole);
+  bool letter = false;
+  ForEachNodeParentFirst(s, t.Root(), [&s, &t, &letter](NodeIdx n) {
+    const ExprNode& node = t[n];
+    if (node.Kind == kKindVariable && !node.Text.empty() && !IsConstantVar(s, node.Text[0])) {
+      letter = true;
+    }
+  });
+  return letter;
+}
+
+// The message that refuses a value for the letter, or empty; `value` loses its blanks.
+std::string ValueRefusal(Session& s, const std::string& letter, std::string& value) {
+  std::string refusal = ValidationMessage(s, value);
+  if (!refusal.empty()) return refusal;
+  if (value.empty()) return "Please give a value for " + letter + ".";
+  if (value.find('=') != std::string::npos) {
+    return "The value of " + letter + " can't hold an = sign.";
+  }
+  // One quantity of numbers: no other letter, and not the pieces of a set.
+  if (value.find(';') != std::string::npos || HoldsLetter(s, value)) {
+    return "The value of " + letter + " must be a number or an expression of numbers.";
+  }
+  return "";
+}
+
+// The values of the letters, each checked as a typed item is; a refused value is told and asked
+// for again, as long as the front end can ask. Nothing when the student cancels.
+std::optional<std::vector<std::string>> AskCheckedValues(Session& s,
+                                                         const std::vector<std::string>& letters,
+                                                         std::vector<std::string> suggestions) {
+  for (;;) {
+    std::optional<std::vector<std::string>> answer = s.Screen().AskValues(letters, suggestions);
+    if (!answer || answer->size() != letters.size()) return std::nullopt;
+    std::vector<std::string> values = std::move(*answer);
+    bool refused = false;
+    for (std::size_t k = 0; k < values.size() && !refused; ++k) {
+      std::string checked = values[k];
+      const std::string refusal = ValueRefusal(s, letters[k], checked);
+      if (refusal.empty()) {
+        values[k] = checked;
+        continue;
+      }
+      ShowCustomMessage(s, refusal, 2);
+      if (!s.Screen().AskValueAgain(letters[k])) return std::nullopt;
+      refused = true;
+    }
+    if (!refused) return values;
+    suggestions = values;  // what was typed, to be put right
+  }
 }
 
 }  // namespace
@@ -63,27 +126,13 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
     const auto* text = std::get_if<std::string>(&known);
     suggestions.push_back(text != nullptr ? *text : "");
   }
-  // 3. Their values; Cancel ends the command.
+  // 3. Their values, each checked; Cancel ends the command.
   std::vector<std::string> values;
   if (!letters.empty()) {
-    std::optional<std::vector<std::string>> answer = s.Screen().AskValues(letters, suggestions);
-    if (!answer || answer->size() != letters.size()) return false;
+    std::optional<std::vector<std::string>> answer = AskCheckedValues(s, letters, suggestions);
+    if (!answer) return false;
     values = std::move(*answer);
-    for (std::size_t k = 0; k < values.size(); ++k) {
-      std::string checked = values[k];
-      std::string refusal = ValidationMessage(s, checked);
-      if (refusal.empty() && checked.empty())
-        refusal = "Please give a value for " + letters[k] + ".";
-      if (refusal.empty() && checked.find('=') != std::string::npos) {
-        refusal = "The value of " + letters[k] + " can't hold an = sign.";
-      }
-      if (!refusal.empty()) {
-        ShowCustomMessage(s, refusal, 2);
-        return false;
-      }
-      values[k] = checked;
-      SetVarValue(s, letters[k][0], values[k]);
-    }
+    for (std::size_t k = 0; k < values.size(); ++k) SetVarValue(s, letters[k][0], values[k]);
   }
   // 4. Each letter replaced by its value, then the simplify loop in floating point, silently.
   std::vector<std::pair<NodeIdx, std::string>> replacements;
@@ -113,8 +162,13 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
   s.ExactToFloat = exact_to_float;
   s.DetailNow = detail;
   std::string value = s.Pool[root].Text;
-  const bool complex = ContainsImagUnit(s, value);
-  if (!complex && !IsNumberToken(s, value)) value = Evaluated(s, root);
+  bool complex = ContainsImagUnit(s, value);
+  if (!complex && !IsNumberToken(s, value)) {
+    value = Evaluated(s, root);
+    complex = value.empty();
+  }
+  // A floating result, in the significant figures the student chose.
+  if (!complex) value = FormatResult(s, value);
   // 5. and 6. The sentence.
   if (complex && s.ComplexForm == 0) {
     result = kComplexOnly;

@@ -134,9 +134,8 @@ void LoadEquation(Session& s, const std::string& text) {
     SelectTab(s, kPanelNumber);
     s.Form.focus = "cmdSigFigs";
     s.Form.Button("cmdFactor").enabled = IsIntegerText(s, left.Text);
-    const std::string number =
-        left.Text.find('E') == std::string::npos ? left.Text : ScientificNumberText(s, left.Text);
-    WriteText(s, box, number + "  ", 0, 1, "FFF0");
+    // A number in E notation is written out in full: 2147483646, not 2.147483646E9.
+    WriteText(s, box, FullNumberText(left.Text, s.Dp()) + "  ", 0, 1, "FFF0");
   } else if (const int kind = FractionKind(s, kLeftRoot); kind == 1 || kind == 2) {
     s.Form.item_kind = kind == 1 ? "fraction" : "sum of fractions";
     WriteText(s, box, "the " + s.Form.item_kind + "  ", 0, 0, "FFF0");

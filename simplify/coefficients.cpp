@@ -12,8 +12,9 @@ double SnapToInteger(const Session& s, const std::string& text) {
   const std::optional<double> value = ParseNumberText(text, s.Dp());
   if (!value) return 0.0;
   if (std::fabs(*value) > 32768.0) return *value;
+  // A small number is no rounding noise around 0: 1E-12 stays 1E-12.
   const double nearest = std::nearbyint(*value);
-  return std::fabs(*value - nearest) < 1e-10 ? nearest : *value;
+  return std::fabs(*value - nearest) < 1e-10 && nearest != 0.0 ? nearest : *value;
 }
 
 std::string FormatValue(const Session& s, double value) {

@@ -2,8 +2,10 @@
 // bases combined through their exponents.
 #include "simplify/collect_product.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 #include "core/errors.h"
@@ -131,6 +133,14 @@ void PlaceBase(Session& s, const std::string& base_text, std::string e, RunResul
   out.numerator.push_back(base + "^" + ExponentOperand(s, e));
 }
 
+// Whether the product of two whole numbers loses a digit: in the float, or in its text.
+bool LosesDigits(Session& s, double a, double value) {
+  const auto whole = [](double x) { return std::isfinite(x) && x == std::nearbyint(x); };
+  if (!whole(a) || !whole(value)) return false;
+  const double product = a * value;
+  return std::fma(a, value, -product) != 0.0 || Cleaned(s, product) != product;
+}
+
 bool StartsNegative(const std::string& exponent) {
   return !exponent.empty() && (exponent[0] == '-' || exponent.rfind("(-", 0) == 0);
 }
@@ -197,6 +207,7 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
   std::vector<std::string> old_up;
   std::vector<std::string> old_down;
   bool negated = false;
+  bool lossy = false;
   for (; i < entries.size() && entries[i].kind == 'A' && entries[i].number; ++i) {
     const Entry& entry = entries[i];
     const double value = NumberOf(s, entry.text);
@@ -206,10 +217,24 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
       (entry.role == kRoleDenominator ? old_down : old_up).push_back(entry.text);
       ++(entry.role == kRoleDenominator ? numbers_down : numbers_up);
     }
-    if (entry.role == kRoleDenominator) {
-      b = Cleaned(s, b * value);
+    double& product = entry.role == kRoleDenominator ? b : a;
+    lossy = lossy || LosesDigits(s, product, value);
+    product = Cleaned(s, product * value);
+  }
+  // Whole numbers whose product a number's text cannot hold stay as they stand in exact work:
+  // 123456789*987654321 is not 1.21932631112635E17. 3000000000*3 is 9E9, every digit kept.
+  RunResult kept;
+  if (lossy && !s.ExactToFloat) {
+    const auto not_one = [&s](const std::string& text) { return NumberOf(s, text) != 1.0; };
+    std::copy_if(old_up.begin(), old_up.end(), std::back_inserter(kept.numerator), not_one);
+    std::copy_if(old_down.begin(), old_down.end(), std::back_inserter(kept.denominator), not_one);
+    if (kept.numerator.size() + kept.denominator.size() > 1) {
+      a = negated ? -1.0 : 1.0;
+      b = 1.0;
+      numbers_up = 0;
+      numbers_down = 0;
     } else {
-      a = Cleaned(s, a * value);
+      kept = RunResult{};
     }
   }
   const double a0 = a;
@@ -249,16 +274,17 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
     }
   }
   // 7. Runs of one base: the exponents are added.
-  RunResult out;
+  RunResult out = kept;
   while (i < entries.size()) {
     std::size_t j = i + 1;
     const std::string key = entries[i].kind + entries[i].base;
     while (j < entries.size() && entries[j].kind + entries[j].base == key) ++j;
     const Entry& head = entries[i];
-    // One factor stays as it is written, unless a negative exponent goes under the line.
+    // One factor stays as it is written, unless its exponent changes sides: a negative exponent
+    // goes under the line, and without reciprocals a denominator comes up, 2/x^3 = 2*x^(-3).
     const bool negative = StartsNegative(head.exponent);
-    if (j - i == 1 &&
-        (head.role == kRoleDenominator ? !negative : !negative || !s.ExponentToReciprocal)) {
+    if (j - i == 1 && (head.role == kRoleDenominator ? !negative && s.ExponentToReciprocal
+                                                     : !negative || !s.ExponentToReciprocal)) {
       (head.role == kRoleDenominator ? out.denominator : out.numerator).push_back(head.text);
       i = j;
       continue;

@@ -3,7 +3,10 @@
 #include "simplify/collect_sum.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdio>
+#include <optional>
 #include <vector>
 
 #include "core/node_pool.h"
@@ -33,10 +36,24 @@ struct Entry {
 
 // The rank of a power with a number exponent n: 50 - n, at least 20; a very negative exponent
 // ranks with the numbers' neighbours instead of beyond the range of an int.
-int PowerRank(double n) {
-  const double rank = std::nearbyint(50.0 - n);
-  if (!(rank < 1e6)) return 1000000;  // also a NaN exponent
-  return static_cast<int>(std::max(20.0, rank));
+double PowerRank(double n) {
+  const double rank = 50.0 - n;
+  if (!(rank < 1e6)) return 1e6;  // also a NaN exponent
+  return std::max(20.0, rank);
+}
+
+// The rank as the head of a sort key, written to a fixed width so that keys compared as text
+// order the ranks as numbers: 47.5 between 47 and 48, and 110 after 99.
+std::string RankKey(double rank) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%012.4f", rank);
+  return text.data();
+}
+
+// Exact work stops at the bound: like terms whose coefficients reach it are left as they are,
+// so that no digit is lost (1E20+1 stays as it is).
+bool BeyondExact(const Session& s, double value) {
+  return !s.ExactToFloat && !(std::fabs(value) < kIntegerBound);
 }
 
 std::string SignedText(const Session& s, NodeIdx term) {
@@ -81,7 +98,7 @@ SplitParts SplitTerm(Session& s, NodeIdx term) {
   return parts;
 }
 
-int TermRank(Session& s, NodeIdx term, int depth) {
+double TermRank(Session& s, NodeIdx term, int depth) {
   const ExprNode& node = s.Pool[term];
   if (node.Kind == kKindNumber) return 99;
   if (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) return 98;
@@ -94,7 +111,7 @@ int TermRank(Session& s, NodeIdx term, int depth) {
         exponent != "-" && exponent != "+") {
       return PowerRank(SafeValue(s, exponent));
     }
-    if (IsNumericText(s, exponent)) return PowerRank(SafeValue(s, SimplifyText(s, exponent)));
+    if (const std::optional<double> n = NumericTextValue(s, exponent)) return PowerRank(*n);
     return 19;
   }
   if (node.Kind == kKindFunction) {
@@ -103,10 +120,10 @@ int TermRank(Session& s, NodeIdx term, int depth) {
   const NodeIdx first = node.FirstChild;
   if (depth == 1 && node.Kind == kKindSumOrProduct && first != kNoNode &&
       IsProductRole(s.Pool[first].Role)) {
-    int top = 99;
-    int bottom = 99;
+    double top = 99;
+    double bottom = 99;
     for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
-      int& side = s.Pool[c].Role == kRoleDenominator ? bottom : top;
+      double& side = s.Pool[c].Role == kRoleDenominator ? bottom : top;
       side = std::min(side, TermRank(s, c, 2));
     }
     return top >= 49 && bottom >= 19 && bottom <= 49 ? 100 - bottom : top;
@@ -139,8 +156,8 @@ bool CollectSum(Session& s, NodeIdx& slot) {
       ++zeros;
       continue;
     }
-    entry.key = std::to_string(TermRank(s, t, 1)) + entry.parts.numerator_text +
-                entry.parts.denominator_text;
+    entry.key =
+        RankKey(TermRank(s, t, 1)) + entry.parts.numerator_text + entry.parts.denominator_text;
     entries.push_back(entry);
   }
   // 2. Bubble sort by key.
@@ -173,27 +190,37 @@ bool CollectSum(Session& s, NodeIdx& slot) {
   }
   // 4. Runs of equal keys: like terms are combined.
   std::string text;
+  const auto keep_term = [&s, &text](const Entry& entry) {
+    const std::string term =
+        FormatCoefficient(s, entry.parts.numerator, entry.parts.denominator,
+                          entry.parts.numerator_text, entry.parts.denominator_text);
+    text += (term[0] == '-' ? "" : "+") + term;
+  };
   for (std::size_t i = 0; i < entries.size();) {
     std::size_t j = i + 1;
     while (j < entries.size() && entries[j].key == entries[i].key) ++j;
     const Entry& head = entries[i];
     if (j - i == 1) {
-      const std::string term =
-          FormatCoefficient(s, head.parts.numerator, head.parts.denominator,
-                            head.parts.numerator_text, head.parts.denominator_text);
-      text += (term[0] == '-' ? "" : "+") + term;
+      keep_term(head);
       i = j;
       continue;
     }
     double a = 0.0;
     double b = 1.0;
     std::string old_run;
+    bool beyond = false;
     for (std::size_t k = i; k < j; ++k) {
       const double c = entries[k].parts.numerator;
       const double d = entries[k].parts.denominator;
+      beyond = beyond || BeyondExact(s, c) || BeyondExact(s, d);
       a = a * d + c * b;  // a/b + c/d = (a*d + c*b) / (b*d)
       b = b * d;
       old_run += entries[k].text;
+    }
+    if (beyond || BeyondExact(s, a) || BeyondExact(s, b)) {
+      for (std::size_t k = i; k < j; ++k) keep_term(entries[k]);
+      i = j;
+      continue;
     }
     int flag = 0;
     ReduceFraction(a, b, flag);

@@ -18,8 +18,9 @@ struct SplitParts {
 SplitParts SplitTerm(Session& s, NodeIdx term);
 
 // The number by which terms are ordered; smaller first. x^3 47, x^2 48, x 49, 1/x^2 52,
-// sin 12, other functions 11, brackets 98, numbers 99.
-int TermRank(Session& s, NodeIdx term, int depth);
+// sin 12, other functions 11, brackets 98, numbers 99. A fractional exponent counts as the
+// number it is: x^(5/2) ranks 47.5, between x^3 and x^2.
+double TermRank(Session& s, NodeIdx term, int depth);
 
 // Collects and sorts the sum at the node; messages 381 to 387, "382#Sort terms." for a pure sort.
 bool CollectSum(Session& s, NodeIdx& slot);

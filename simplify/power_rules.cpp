@@ -52,6 +52,10 @@ std::string Fact(const std::string& help, const std::string& property, const Pow
 
 bool IsWhole(double value) { return std::isfinite(value) && value == std::nearbyint(value); }
 
+// A value exact work may write: a whole number below the bound of exact arithmetic. 3^40 is
+// whole, but its digits do not fit a number's text: it stays a power.
+bool IsExact(double value) { return IsWhole(value) && std::fabs(value) < kIntegerBound; }
+
 // 1^x = 1, x^0 = 1, 0^n = 0, x^1 = x, x^(-1) = 1/x, powers of the imaginary unit, e^(i*p) = -1.
 bool TrivialPower(Session& s, const Power& w, Outcome& out) {
   if (w.b_number && Is(s, w.b, 1.0)) {
@@ -74,7 +78,8 @@ bool TrivialPower(Session& s, const Power& w, Outcome& out) {
     return true;
   }
   if (w.e_number && Is(s, w.e, -1.0) && s.ExponentToReciprocal) {
-    const std::string result = "1/" + w.bt;  // x^(-1) = 1/x
+    // x^(-1) = 1/x; (x^2)^(-1) = 1/x^2, a signed base keeps its brackets.
+    const std::string result = "1/" + (w.b[0] == '-' ? w.bt : w.b);
     out = {result, Fact("58", "negative exponents", w, result)};
     return true;
   }
@@ -212,7 +217,7 @@ bool NumericPower(Session& s, const Power& w, Outcome& out) {
   if (n > 0.0 || IsWhole(n)) {
     if (a < 0.0 && !IsWhole(n)) return false;
     const double value = std::pow(a, n);
-    if (!std::isfinite(value) || (!IsWhole(value) && !s.ExactToFloat)) return false;
+    if (!std::isfinite(value) || (!IsExact(value) && !s.ExactToFloat)) return false;
     const std::string result = FormatValue(s, value);
     out = {result, Evaluated(w, "64", result)};
     return true;
@@ -223,7 +228,7 @@ bool NumericPower(Session& s, const Power& w, Outcome& out) {
   const long m = std::lround(std::fabs(n) * k);
   if (a < 0.0 && k % 2 == 0) return false;
   const double value = std::pow(std::fabs(a), std::fabs(n));
-  if (!IsWhole(value) && !s.ExactToFloat) return false;
+  if (!IsExact(value) && !s.ExactToFloat) return false;
   const bool negative = a < 0.0 && m % 2 == 1;
   const std::string result = (negative ? "-1/" : "1/") + FormatValue(s, value);
   out = {result, Evaluated(w, "307", result)};
@@ -256,7 +261,12 @@ bool RootOfNumber(Session& s, const Power& w, Outcome& out) {
   if (a < 0.0 && k % 2 == 0) return false;
   const double r = (a < 0.0 ? -1.0 : 1.0) * std::pow(std::fabs(a), 1.0 / static_cast<double>(k));
   if (std::fabs(r - std::nearbyint(r)) > 1e-10) return false;
-  const std::string root = FormatValue(s, std::nearbyint(r));
+  // The root must be exact: 1E-33^(1/3) is no 0, and 8.0000000001^(1/3) no 2.
+  const double whole = std::nearbyint(r);
+  if (whole == 0.0 || std::pow(std::fabs(whole), static_cast<double>(k)) != std::fabs(a)) {
+    return false;
+  }
+  const std::string root = FormatValue(s, whole);
   const std::string fact = "@" + w.bt + "^(1/" + std::to_string(k) + ")=" + root + "@ .";
   if (m == 1) {
     out = {root, "308#Simplify using the fact that " + fact};

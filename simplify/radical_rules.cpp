@@ -111,13 +111,15 @@ std::string SquareRootOfNumber(Session& s, const std::string& text, int& code) {
   const double v = SafeValue(s, text);
   const double r = std::sqrt(std::fabs(v));
   if (!IsIntegerText(s, text) || s.ExactToFloat || r == std::nearbyint(r)) {
-    if (v < -1.0) {
-      code = -1;
-      return FormatValue(s, r) + "*" + unit;
-    }
     if (v == -1.0) {
       code = unit == "sqrt(-1)" ? -4 : -1;
       return unit;
+    }
+    // Every negative number has an imaginary root, one between -1 and 0 as well: sqrt(-0.25)
+    // is 0.5*i, never 0.5.
+    if (v < 0.0) {
+      code = -1;
+      return FormatValue(s, r) + "*" + unit;
     }
     code = 1;
     return FormatValue(s, r);

@@ -190,6 +190,12 @@ bool IsNumericText(Session& s, const std::string& text) {
   return SimplifiedNumber(s, text, number);
 }
 
+std::optional<double> NumericTextValue(Session& s, const std::string& text) {
+  std::string number;
+  if (!SimplifiedNumber(s, text, number)) return std::nullopt;
+  return SafeValue(s, number);
+}
+
 bool IsPositiveNumericText(Session& s, const std::string& text) {
   std::string number;
   return SimplifiedNumber(s, text, number) && number[0] != '-';

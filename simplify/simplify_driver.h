@@ -1,6 +1,7 @@
 // The one rewrite loop: ten passes over the tree, one rewrite at a time, each step narrated.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/session.h"
@@ -38,6 +39,8 @@ std::string SimplifyText(Session& s, const std::string& text);
 
 // Questions about the value of a text, asked of its simplified form under ExactToFloat.
 bool IsNumericText(Session& s, const std::string& text);
+// The value of a text that simplifies to one number in floating point ("(5/2)" gives 2.5).
+std::optional<double> NumericTextValue(Session& s, const std::string& text);
 bool IsPositiveNumericText(Session& s, const std::string& text);
 bool IsNegativeNumericText(Session& s, const std::string& text);
 bool IsBeyondUnitText(Session& s, const std::string& text);

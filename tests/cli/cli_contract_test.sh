@@ -59,6 +59,12 @@ check "evaluate with the values given" 0 "Consider  the expression  x² + y
 With x = 3; y = -1 the expression evaluates to 8 ." "" --values "x=3; y=-1" "x^2+y" evaluate
 check "evaluate without a value is a usage mistake" 64 "Consider  the expression  x + 1" \
   "tavimor-cli: evaluate needs a value for x: give --values \"x=...\"." "x+1" evaluate
+check "a value with letters ends the run with the check's message" 64 "Consider  the expression  x + 1" \
+  "The value of x must be a number or an expression of numbers." --values "x=hello" "x+1" evaluate
+check "a value the input check refuses ends the run" 64 "Consider  the expression  x + 1" \
+  "Error in input string.  The character  #  is not allowed." --values "x=2#" "x+1" evaluate
+check "a value of numbers is taken" 0 "Consider  the expression  x + 1
+With x = 1/2 the expression evaluates to 1.5 ." "" --values "x=1/2" "x+1" evaluate
 check "a bad --values is a usage mistake" 64 "" "tavimor-cli: --values needs a LIST such as \"x=2; y=3\".
 Try 'tavimor-cli --help'." --values "x 3" "x+1" evaluate
 check "a side of an equation and back" 0 "Consider  the equation  x = 1" "" "x=1" left equation
@@ -130,6 +136,17 @@ contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4
 out=$(printf 'x+x\nexpand\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"
+
+out=$(printf 'x+1\nevaluate\nhello\n\n2\nquit\n' | "$cli" 2>"$work/err")
+err=$(cat "$work/err")
+contains "the tutor asks again for a refused value" "$out" \
+  "With x = 2 the expression evaluates to 3 ."
+contains "the tutor tells why a value was refused" "$err" \
+  "The value of x must be a number or an expression of numbers." "Please give a value for x."
+out=$(printf 'x+1\nevaluate\n5\nquit\n' | "$cli" --values "x=hello" 2>"$work/err")
+err=$(cat "$work/err")
+contains "the tutor asks for a given value that was refused" "$out" \
+  "With x = 5 the expression evaluates to 6 ."
 
 # Algebra files.
 printf 'Topic:Linear\r\nComment:\r\nSubTop:One step\r\nComment:Undo one operation.\r\nEqn:x+3=7\r\nComment:Subtract 3.\r\n' > "$work/list.txt"

@@ -207,6 +207,18 @@ TEST(PrimeFactors, ProductGivesTheNumberBack) {
   }
 }
 
+TEST(FullNumberText, ENotationIsWrittenOutInFull) {
+  EXPECT_EQ(FullNumberText("2.147483646E9", '.'), "2147483646");
+  EXPECT_EQ(FullNumberText("1.23456789E11", '.'), "123456789000");
+  EXPECT_EQ(FullNumberText("1E20", '.'), "100000000000000000000");
+  EXPECT_EQ(FullNumberText("-1.5E-3", '.'), "-0.0015");
+  EXPECT_EQ(FullNumberText("1E-10", '.'), "0.0000000001");
+  EXPECT_EQ(FullNumberText("2,5E-1", ','), "0,25");
+  EXPECT_EQ(FullNumberText("1.25E1", '.'), "12.5");
+  EXPECT_EQ(FullNumberText("12.5", '.'), "12.5");  // no E: as it is
+  EXPECT_EQ(FullNumberText("x", '.'), "x");
+}
+
 TEST(GeneralNumberFormat, ShortestTextToFifteenFigures) {
   EXPECT_EQ(GeneralNumberFormat(0.1 + 0.2, '.'), "0.3");
   EXPECT_EQ(GeneralNumberFormat(1.0 / 3.0, '.'), "0.333333333333333");

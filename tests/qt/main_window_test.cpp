@@ -212,6 +212,45 @@ class MainWindowTest : public QObject {
     QCOMPARE(window_->WorkSpace()->HiddenText(), before);
   }
 
+  void EvaluateAsksAgainForARefusedValue() {
+    window_->EquationBox()->setEditText(QStringLiteral("x+1"));
+    window_->LoadTyped(false);
+    QString refusal;
+    QString suggested;
+    int dialogs = 0;
+    // The dialog, then the message, then the dialog again with what was typed.
+    std::function<void(QWidget*)> act = [&](QWidget* modal) {
+      if (auto* box = qobject_cast<QMessageBox*>(modal); box != nullptr && box->isVisible()) {
+        refusal = box->text();
+        WhenModal(act);
+        QTest::keyClick(box, Qt::Key_Return);
+        return;
+      }
+      auto* edit = modal->findChild<QLineEdit*>(QStringLiteral("value_x"));
+      if (edit == nullptr || !modal->isVisible() || (dialogs == 1 && refusal.isEmpty())) {
+        WhenModal(act);
+        return;
+      }
+      ++dialogs;
+      if (dialogs == 1) {
+        edit->setText(QStringLiteral("hello"));
+        WhenModal(act);
+      } else {
+        suggested = edit->text();
+        edit->setText(QStringLiteral("3"));
+      }
+      QTest::keyClick(edit, Qt::Key_Return);
+    };
+    WhenModal(act);
+    QTest::mousePress(window_->Button("cmdEvaluate"), Qt::LeftButton);
+    QCOMPARE(dialogs, 2);
+    QCOMPARE(refusal,
+             QStringLiteral("The value of x must be a number or an expression of numbers."));
+    QCOMPARE(suggested, QStringLiteral("hello"));
+    QVERIFY(window_->WorkSpace()->HiddenText().contains(
+        QStringLiteral("With x = 3 the expression evaluates to @4@ .")));
+  }
+
   void PacingButtonGoesOnWithEnterAndStopsWithEsc() {
     WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Return); });
     QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Continue);

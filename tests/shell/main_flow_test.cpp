@@ -88,9 +88,21 @@ TEST_F(MainFlow, DecimalNumberLeavesFactorDisabled) {
   EXPECT_FALSE(s.Form.Enabled("cmdFactor"));
 }
 
-TEST_F(MainFlow, NumberInScientificFormIsWrittenScientifically) {
+TEST_F(MainFlow, NumberInScientificFormIsWrittenOutInFull) {
   Load("123456789000");
-  EXPECT_EQ(Transcript(), "\nConsider  the number  1.23456789E11  \n");
+  EXPECT_EQ(Transcript(), "\nConsider  the number  123456789000  \n");
+}
+
+TEST_F(MainFlow, NumberBelowTheBoundIsWrittenOutInFull) {
+  Load("2147483646");
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "2.147483646E9");
+  EXPECT_EQ(Transcript(), "\nConsider  the number  2147483646  \n");
+  EXPECT_TRUE(s.Form.Enabled("cmdFactor"));
+}
+
+TEST_F(MainFlow, TinyNumberIsWrittenOutInFull) {
+  Load("-1.5E-12");
+  EXPECT_EQ(Transcript(), "\nConsider  the number  -0.0000000000015  \n");
 }
 
 TEST_F(MainFlow, FractionAndSumOfFractionsShareThePanelWithTheOtherButton) {

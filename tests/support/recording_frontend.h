@@ -48,11 +48,23 @@ class RecordingFrontend : public Frontend {
     questions.push_back(question);
     return text_answer;
   }
-  std::optional<std::vector<std::string>> AskValues(const std::vector<std::string>& letters,
-                                                    const std::vector<std::string>&) override {
+  std::optional<std::vector<std::string>> AskValues(
+      const std::vector<std::string>& letters,
+      const std::vector<std::string>& suggestions) override {
     asked_letters.push_back(letters);
+    suggested_values.push_back(suggestions);
     if (each_value) return std::vector<std::string>(letters.size(), *each_value);
+    if (!refused_letters.empty() && !values_answers_again.empty()) {
+      std::vector<std::string> again = values_answers_again.front();
+      values_answers_again.pop_front();
+      return again;
+    }
     return values_answer;
+  }
+  // Asks again only while a further answer is queued, so that a refused value never loops.
+  bool AskValueAgain(const std::string& letter) override {
+    refused_letters.push_back(letter);
+    return !values_answers_again.empty();
   }
   void ShowHelp(int help_number) override { help_shown.push_back(help_number); }
 
@@ -73,6 +85,9 @@ class RecordingFrontend : public Frontend {
   std::vector<std::vector<std::string>> asked_letters;
   std::optional<std::vector<std::string>> values_answer;
   std::optional<std::string> each_value;  // when set, the answer for every letter
+  std::deque<std::vector<std::string>> values_answers_again;  // answers after a refusal, in turn
+  std::vector<std::vector<std::string>> suggested_values;
+  std::vector<std::string> refused_letters;
   std::vector<int> help_shown;
 };
 
