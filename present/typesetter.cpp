@@ -426,6 +426,17 @@ Drawing LayOutSide(Session& s, Layout& layout, const std::string& text) {
   return JoinInRow(parts, between, faces, layout);
 }
 
+// A drawing fails when its tree needs more nodes than the pool has left: the mathematics is too
+// deep or too large. The command goes on without the drawing; its first failure is told, in
+// words a student can read, and the others are silent, so that a few hundred steps never raise
+// a few hundred boxes.
+void ShowDrawFailure(Session& s, const std::string& name) {
+  if (s.DrawFailureShown) return;
+  s.DrawFailureShown = true;
+  ShowCriticalMessage(s, name + ".  The expression is too deep or too large to draw; " +
+                             "its drawings are left out until this command ends.");
+}
+
 }  // namespace
 
 std::string RelationString(int code) {
@@ -457,7 +468,7 @@ Picture DrawAnyExpression(Session& s, const FontMetrics& metrics, const std::str
   try {
     picture.drawing = LayOutSide(s, layout, text);
   } catch (const RunTimeError&) {
-    ShowCriticalMessage(s, "Error in DrawAnyExpression");
+    ShowDrawFailure(s, "Error in DrawAnyExpression");
     picture.drawing = Drawing{};
   }
   return picture;
@@ -474,7 +485,7 @@ Picture DrawAnyEquation(Session& s, const FontMetrics& metrics, int code, const 
     std::vector<Drawing> sides{LayOutSide(s, layout, left), LayOutSide(s, layout, right)};
     picture.drawing = JoinInRow(sides, {RelationString(code)}, {Face::Sign}, layout);
   } catch (const RunTimeError&) {
-    ShowCriticalMessage(s, "Error in DrawAnyEquation");
+    ShowDrawFailure(s, "Error in DrawAnyEquation");
     picture.drawing = Drawing{};
   }
   return picture;

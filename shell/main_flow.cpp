@@ -188,6 +188,7 @@ bool cmdLoadEquation(Session& s, const std::string& typed, bool right_button) {
   if (right_button) s.Screen().ClearWorkSpace();
   std::string text = typed;
   if (text.empty()) return false;
+  s.DrawFailureShown = false;
   // A load that fails gives the previous item back whole: its trees, its equations, its panel.
   const NodePool kept_pool = s.Pool;
   const std::vector<EquationRow> kept_equations = s.EquationList;
