@@ -18,7 +18,8 @@ std::string RelationString(int code);
 
 // Draws an expression; a text with ";" draws its pieces in a row. On failure, an empty drawing,
 // and once in a command the message "Error in DrawAnyExpression" with the critical icon and the
-// words that the expression is too deep or too large to draw.
+// words that the expression is too deep or too large to draw; the command's later drawings are
+// then empty too.
 Picture DrawAnyExpression(Session& s, const FontMetrics& metrics, const std::string& text);
 // Draws a relation of that code between two sides on one baseline. On failure, as above with
 // "Error in DrawAnyEquation".
