@@ -215,8 +215,13 @@ TEST_F(Typesetter, AFailedDrawingIsToldOncePerCommandInWords) {
     DrawExpression(s, metrics, "a+b+c+d");
   }
   EXPECT_EQ(frontend.messages.size(), 1u);
-  // The next command tells again.
+  // With room in the pool again, the command still leaves its drawings out; the next one draws.
+  InitNodePool(s);
+  EXPECT_TRUE(Expression("a+b").items.empty());
   s.DrawFailureShown = false;
+  EXPECT_FALSE(Expression("a+b").items.empty());
+  // The next command tells again.
+  while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
   DrawEquation(s, metrics, "a+b+c", "d");
   ASSERT_EQ(frontend.messages.size(), 2u);
   EXPECT_EQ(frontend.messages.back().text.rfind("Error in DrawAnyEquation.  The expression is too "
