@@ -61,6 +61,7 @@ PressOutcome PressButton(Session& s, const std::string& button, bool right_butto
   const auto it = kBuiltButtons.find(button);
   if (it == kBuiltButtons.end()) return PressOutcome::NotBuilt;
   s.RewriteCount = 0;
+  s.DrawFailureShown = false;
   it->second(s, right_button, error);
   return PressOutcome::Done;
 }
