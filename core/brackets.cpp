@@ -10,28 +10,28 @@ namespace {
 bool IsOpen(char c) { return c == '(' || c == '['; }
 bool IsClose(char c) { return c == ')' || c == ']'; }
 
-bool CountBalances(std::string_view text, char open, char close) {
-  int depth = 0;
-  for (const char c : text) {
-    if (c == open) ++depth;
-    if (c == close && --depth < 0) return false;
-  }
-  return depth == 0;
-}
-
 }  // namespace
 
+// One pass: each kind balances on its own, and each closing bracket closes the innermost open
+// one in its own kind. With both counts balanced the innermost open bracket is the one that
+// FindCloseBracket pairs with it, so this is the same test in linear time.
 bool BracketsMatch(std::string_view text) {
-  if (!CountBalances(text, '(', ')') || !CountBalances(text, '[', ']')) return false;
-  for (int p = 1; p <= static_cast<int>(text.size()); ++p) {
-    const char c = text[static_cast<std::size_t>(p - 1)];
-    if (!IsOpen(c)) continue;
-    const int close = FindCloseBracket(text, p);
-    if (close == 0) return false;
-    const char closing = text[static_cast<std::size_t>(close - 1)];
-    if ((c == '(' && closing == ']') || (c == '[' && closing == ')')) return false;
+  int rounds = 0;
+  int squares = 0;
+  std::vector<char> open;
+  for (const char c : text) {
+    if (IsOpen(c)) {
+      ++(c == '(' ? rounds : squares);
+      open.push_back(c);
+    } else if (IsClose(c)) {
+      if (--(c == ')' ? rounds : squares) < 0) return false;
+      if (open.empty()) return false;
+      const char opener = open.back();
+      open.pop_back();
+      if ((opener == '(') != (c == ')')) return false;
+    }
   }
-  return true;
+  return rounds == 0 && squares == 0;
 }
 
 int FindCloseBracket(std::string_view text, int position) {

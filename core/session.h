@@ -92,6 +92,10 @@ struct CommandState {
   // Rewrites made by the simplify loop in the running command, against endless rewriting.
   int RewriteCount = 0;
 
+  // Whether the running command has told that a drawing failed: it tells once, however many
+  // drawings fail after. Each command starts with false.
+  bool DrawFailureShown = false;
+
   // Diagnostics of the running command: its start in seconds of a steady clock.
   double CommandStartSeconds = 0.0;
 };

@@ -2,10 +2,14 @@
 #include "core/validate.h"
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 #include <string_view>
+#include <vector>
 
 #include "core/brackets.h"
-#include "core/pieces.h"
+#include "core/number_format.h"
+#include "core/number_text.h"
 #include "present/message_box.h"
 
 namespace tavimor {
@@ -13,6 +17,43 @@ namespace tavimor {
 namespace {
 
 constexpr int kValidationHelp = 2;
+
+// A number in a message: whole when short, else its start and "...".
+std::string ShownNumber(const std::string& number) {
+  constexpr std::size_t kShown = 30;
+  return number.size() <= kShown + 2 ? number : number.substr(0, kShown) + "...";
+}
+
+// Why a number of the item cannot be worked with: a decimal point without a digit, a value
+// beyond the largest float, or one so small that it would read as 0. Empty when all are good.
+std::string NumberProblem(const Session& s, const std::string& item, const std::string& head) {
+  const char dp = s.Dp();
+  const int n = static_cast<int>(item.size());
+  for (int p = 1; p <= n;) {
+    const char c = item[static_cast<std::size_t>(p - 1)];
+    if (!IsAsciiDigit(c) && c != dp) {
+      ++p;
+      continue;
+    }
+    const int end = NumberEnd(s, item, p);
+    if (end == 0) {
+      return head + "The decimal point  " + std::string(1, dp) + "  has no digit beside it.";
+    }
+    const std::string number =
+        item.substr(static_cast<std::size_t>(p - 1), static_cast<std::size_t>(end - p + 1));
+    const std::optional<double> value = ParseNumberText(number, dp);
+    if (!value || !std::isfinite(*value)) {
+      return head + "The number  " + ShownNumber(number) +
+             "  is too large: the largest number the tutor can work with is about 1.8E308.";
+    }
+    if (*value == 0.0 && number.find_first_of("123456789") < number.find('E')) {
+      return head + "The number  " + ShownNumber(number) +
+             "  is too small: it would count as 0 (the smallest is about 4.9E-324).";
+    }
+    p = end + 1;
+  }
+  return "";
+}
 
 bool OneOf(char c, std::string_view set) {
   return c != '\0' && set.find(c) != std::string_view::npos;
@@ -83,7 +124,7 @@ std::string ItemMessage(const Session& s, const std::string& item, const std::st
     while (p <= n && (IsAsciiDigit(at(p)) || at(p) == dp)) run += at(p++);
     if (std::count(run.begin(), run.end(), dp) > 1) return head + "A number is given as  " + run;
   }
-  return "";
+  return NumberProblem(s, item, head);
 }
 
 }  // namespace
@@ -95,6 +136,12 @@ void RemoveSpaces(std::string& text) {
 std::string ValidationMessage(Session& s, std::string& text) {
   InitFunctionTable(s);
   RemoveSpaces(text);
+  // Checked before anything else, so that a huge paste is refused at once.
+  if (text.size() > kMaxInputLength) {
+    return "Error in input string.  The input is too long: it has " + std::to_string(text.size()) +
+           " characters, and at most " + std::to_string(kMaxInputLength) +
+           " fit in the tutor's memory for expressions.";
+  }
   const char dp = s.Dp();
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
@@ -110,10 +157,16 @@ std::string ValidationMessage(Session& s, std::string& text) {
   if (!text.empty() && text.front() == ';') {
     return "Error in input string.  Illegal  ;  at the beginning.";
   }
-  const int items = CountPieces(text, ";");
-  for (int i = 1; i <= items; ++i) {
-    const std::string item = GetPiece(text, i, ";");
-    std::string message = ItemMessage(s, item, items == 1 ? "input string" : item);
+  // The items in one pass: a text of many items is split in linear time.
+  std::vector<std::string> items;
+  for (std::size_t from = 0;;) {
+    const std::size_t at = text.find(';', from);
+    items.push_back(text.substr(from, at == std::string::npos ? std::string::npos : at - from));
+    if (at == std::string::npos) break;
+    from = at + 1;
+  }
+  for (const std::string& item : items) {
+    std::string message = ItemMessage(s, item, items.size() == 1 ? "input string" : item);
     if (!message.empty()) return message;
   }
   return "";

@@ -221,7 +221,25 @@ TextBlock TextLayout::Power(NodeIdx n) {
   return out;
 }
 
+// Mathematics nested deeper than this, or drawn taller than this many rows, is shown on one line
+// as its text: set in two dimensions it would grow with the square of its depth (a root of a root
+// ... 990 deep is 990 rows of 990 columns), and a few hundred steps of it would flood the
+// terminal.
+constexpr int kMostNesting = 24;
+constexpr int kMostRows = 40;
+
+int BracketNesting(const std::string& text) {
+  int depth = 0;
+  int deepest = 0;
+  for (const char c : text) {
+    if (c == '(' || c == '[') deepest = std::max(deepest, ++depth);
+    if (c == ')' || c == ']') --depth;
+  }
+  return deepest;
+}
+
 TextBlock RenderText(Session& s, const std::string& text) {
+  if (BracketNesting(text) > kMostNesting) return TextBlock::Line(Utf32(text));
   const int pieces = CountPieces(text, ";");
   if (pieces > 1) {
     std::vector<TextBlock> parts;
@@ -240,6 +258,7 @@ TextBlock RenderText(Session& s, const std::string& text) {
     TextBlock block = TextLayout(s).Render(root);
     FreeChildren(s, root);
     FreeNode(s, root);
+    if (block.Height() > kMostRows) return TextBlock::Line(Utf32(text));
     return block;
   } catch (const RunTimeError&) {
     if (root != kNoNode) {

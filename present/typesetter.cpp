@@ -552,6 +552,17 @@ Drawing LayOutSide(Session& s, Layout& layout, const std::string& text) {
   return JoinInRow(parts, between, faces, layout);
 }
 
+// A drawing fails when its tree needs more nodes than the pool has left: the mathematics is too
+// deep or too large. The command goes on without the drawing; its first failure is told, in
+// words a student can read, and the command's later drawings are left out, so that a few hundred
+// steps neither raise a few hundred boxes nor each parse a tree too deep for the pool again.
+void ShowDrawFailure(Session& s, const std::string& name) {
+  if (s.DrawFailureShown) return;
+  s.DrawFailureShown = true;
+  ShowCriticalMessage(s, name + ".  The expression is too deep or too large to draw; " +
+                             "its drawings are left out until this command ends.");
+}
+
 }  // namespace
 
 std::string RelationString(int code) {
@@ -579,11 +590,12 @@ bool NeedsTimesSign(const Session& s, NodeIdx previous, NodeIdx factor) {
 Picture DrawAnyExpression(Session& s, const FontMetrics& metrics, const std::string& text) {
   Picture picture;
   picture.left = text;
+  if (s.DrawFailureShown) return picture;  // drawings are left out for the rest of the command
   Layout layout(s, metrics, s.FontSize);
   try {
     picture.drawing = LayOutSide(s, layout, text);
   } catch (const RunTimeError&) {
-    ShowCriticalMessage(s, "Error in DrawAnyExpression");
+    ShowDrawFailure(s, "Error in DrawAnyExpression");
     picture.drawing = Drawing{};
   }
   return picture;
@@ -595,13 +607,14 @@ Picture DrawAnyEquation(Session& s, const FontMetrics& metrics, int code, const 
   picture.relation = code;
   picture.left = left;
   picture.right = right;
+  if (s.DrawFailureShown) return picture;
   Layout layout(s, metrics, s.FontSize);
   try {
     std::vector<Drawing> sides{LayOutSide(s, layout, left), LayOutSide(s, layout, right)};
     picture.drawing = JoinInRow(sides, {RelationString(code)}, {Face::Sign}, layout,
                                 kRelationPad * layout.Size());
   } catch (const RunTimeError&) {
-    ShowCriticalMessage(s, "Error in DrawAnyEquation");
+    ShowDrawFailure(s, "Error in DrawAnyEquation");
     picture.drawing = Drawing{};
   }
   return picture;

@@ -16,11 +16,13 @@ inline constexpr int kRelationArrow = 6;
 // The drawn string of a relation code, with its blanks: " = ", " < ", " > ", " ≤ ", " ≥ ", "  →  ".
 std::string RelationString(int code);
 
-// Draws an expression; a text with ";" draws its pieces in a row. On failure, the message
-// "Error in DrawAnyExpression" with the critical icon and an empty drawing.
+// Draws an expression; a text with ";" draws its pieces in a row. On failure, an empty drawing,
+// and once in a command the message "Error in DrawAnyExpression" with the critical icon and the
+// words that the expression is too deep or too large to draw; the command's later drawings are
+// then empty too.
 Picture DrawAnyExpression(Session& s, const FontMetrics& metrics, const std::string& text);
-// Draws a relation of that code between two sides on one baseline. On failure, the message
-// "Error in DrawAnyEquation" with the critical icon and an empty drawing.
+// Draws a relation of that code between two sides on one baseline. On failure, as above with
+// "Error in DrawAnyEquation".
 Picture DrawAnyEquation(Session& s, const FontMetrics& metrics, int code, const std::string& left,
                         const std::string& right);
 inline Picture DrawEquation(Session& s, const FontMetrics& metrics, const std::string& left,

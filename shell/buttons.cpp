@@ -23,7 +23,6 @@ PressOutcome PressButton(Session& s, const std::string& button, bool right_butto
   if (row == nullptr || (row->engine == nullptr && row->command == nullptr)) {
     return PressOutcome::NotBuilt;
   }
-  s.RewriteCount = 0;
   if (row->engine != nullptr) {
     const SideEngineFn engine = row->engine;
     error =

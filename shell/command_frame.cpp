@@ -136,6 +136,10 @@ std::string RunCommandFrame(Session& s, const std::string& error_text,
   const NodeIdx side = CurrentSide(s);
   const std::string left = s.Pool[kLeftRoot].Text;
   const std::string right = s.Pool[kRightRoot].Text;
+  // What a command counts starts afresh: rewrites against endless loops, and the one message of
+  // a drawing that failed.
+  s.RewriteCount = 0;
+  s.DrawFailureShown = false;
   try {
     ResetDiagnostics(s);
     work(side);

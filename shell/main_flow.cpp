@@ -79,6 +79,12 @@ bool cmdLoadEquation(Session& s, const std::string& typed, bool right_button) {
   if (right_button) s.Screen().ClearWorkSpace();
   std::string text = typed;
   if (text.empty()) return false;
+  s.DrawFailureShown = false;
+  // A load that fails gives the previous item back whole: its trees, its equations, its panel.
+  const NodePool kept_pool = s.Pool;
+  const std::vector<EquationRow> kept_equations = s.EquationList;
+  const FormState kept_form = s.Form;
+  const std::int16_t kept_help = s.HelpNumber;
   try {
     if (ValidateInput(s, text) != 0) return false;
     if (text.empty()) return false;  // a box of blanks is an empty box
@@ -86,6 +92,10 @@ bool cmdLoadEquation(Session& s, const std::string& typed, bool right_button) {
     AddToEquationList(s, text);
     s.Message.clear();
   } catch (const std::exception&) {
+    s.Pool = kept_pool;
+    s.EquationList = kept_equations;
+    s.Form = kept_form;
+    s.HelpNumber = kept_help;
     ShowCustomMessage(s, "Error in input string.", kInputHelp);
     return false;
   }
@@ -102,11 +112,20 @@ bool cmdNextEquation(Session& s, bool right_button) {
 }
 
 void LoadEquation(Session& s, const std::string& text) {
-  WorkSpaceSink box(s);
-  WriteText(s, box, "Consider  ", 1, 0, "TFF12");
   OptionSnapshot(s, "Retrieve");
   s.StepCount = 0;
+  // Everything that can fail comes before the first word is written, so that a refused item
+  // leaves no "Consider" without its item in the work space.
   const ItemShape shape = LoadItemTrees(s, text);
+  const ExprNode& left = s.Pool[kLeftRoot];
+  const bool number = shape == ItemShape::Expression && left.Kind == kKindNumber;
+  const int fraction_kind =
+      shape == ItemShape::Expression && !number ? FractionKind(s, kLeftRoot) : 0;
+  const bool whole_number = number && IsIntegerText(s, left.Text);
+  // A number in E notation is written out in full: 2147483646, not 2.147483646E9.
+  const std::string number_text = number ? FullNumberText(left.Text, s.Dp()) : left.Text;
+  WorkSpaceSink box(s);
+  WriteText(s, box, "Consider  ", 1, 0, "TFF12");
   const FontMetrics& metrics = s.Screen().Metrics();
   if (shape == ItemShape::SetOfEquations) {
     s.Form.item_kind = "set of equations";
@@ -121,28 +140,26 @@ void LoadEquation(Session& s, const std::string& text) {
     s.Form.focus = "cmdSubstitute";
     return;
   }
-  const ExprNode& left = s.Pool[kLeftRoot];
   if (shape == ItemShape::Equation) {
     s.Form.item_kind = "equation";
     WriteText(s, box, "the equation  ", 0, 0, "FFF0");
     SelectTab(s, kPanelEquation);
     s.Form.focus = "cmdAutoSolve";
     WritePictureLine(s, box, DrawEquation(s, metrics, left.Text, s.Pool[kRightRoot].Text));
-  } else if (left.Kind == kKindNumber) {
+  } else if (number) {
     s.Form.item_kind = "number";
     WriteText(s, box, "the number  ", 0, 0, "FFF0");
     SelectTab(s, kPanelNumber);
     s.Form.focus = "cmdSigFigs";
-    s.Form.Button("cmdFactor").enabled = IsIntegerText(s, left.Text);
-    // A number in E notation is written out in full: 2147483646, not 2.147483646E9.
-    WriteText(s, box, FullNumberText(left.Text, s.Dp()) + "  ", 0, 1, "FFF0");
-  } else if (const int kind = FractionKind(s, kLeftRoot); kind == 1 || kind == 2) {
-    s.Form.item_kind = kind == 1 ? "fraction" : "sum of fractions";
+    s.Form.Button("cmdFactor").enabled = whole_number;
+    WriteText(s, box, number_text + "  ", 0, 1, "FFF0");
+  } else if (fraction_kind == 1 || fraction_kind == 2) {
+    s.Form.item_kind = fraction_kind == 1 ? "fraction" : "sum of fractions";
     WriteText(s, box, "the " + s.Form.item_kind + "  ", 0, 0, "FFF0");
     SelectTab(s, kPanelFraction);
-    s.Form.Button("cmdSimplifyFraction").enabled = kind == 1;
-    s.Form.Button("cmdAddFractions").enabled = kind == 2;
-    s.Form.focus = kind == 1 ? "cmdSimplifyFraction" : "cmdAddFractions";
+    s.Form.Button("cmdSimplifyFraction").enabled = fraction_kind == 1;
+    s.Form.Button("cmdAddFractions").enabled = fraction_kind == 2;
+    s.Form.focus = fraction_kind == 1 ? "cmdSimplifyFraction" : "cmdAddFractions";
     WritePictureLine(s, box, DrawExpression(s, metrics, left.Text));
   } else {
     s.Form.item_kind = "expression";

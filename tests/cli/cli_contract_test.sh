@@ -292,4 +292,15 @@ contains "help explains the forms of use, options, commands and keys" "$help" "t
   "--batch FILE" "--json" "--set KEY=VALUE" "--decimal-comma" "Exit status" "expand-denominators" \
   "Special P (first run: False)"
 
+# A refused line of a batch reports its refusal, not the item before it.
+sixty="x"; for _ in $(seq 59); do sixty="$sixty+x"; done
+printf '2x+1\n%s\n1E309\n' "$sixty" > "$work/refused.txt"
+"$cli" --batch "$work/refused.txt" --json > "$work/out" 2> "$work/err"
+refused=$(sed -n 2p "$work/out")
+contains "a line that fails to load reports no item" "$refused" '"kind": null' '"left": ""' \
+  '"error": "Error in input string."'
+too_large=$(sed -n 3p "$work/out")
+contains "a number beyond the largest float is refused" "$too_large" '"kind": null' \
+  "The number  1E309  is too large"
+
 [ "$failures" -eq 0 ]

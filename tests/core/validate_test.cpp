@@ -1,6 +1,9 @@
 // Tests of the input check: every refusal with its exact message, in the order of the tests.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "core/brackets.h"
 #include "core/validate.h"
 #include "support/session_fixture.h"
@@ -193,6 +196,96 @@ TEST_F(ValidateInputTest, EachTestAtAPositionComesInItsOrder) {
   // The operator pair at the second position fires before the end test at the third.
   EXPECT_EQ(Refusal("x*/"),
             "Error in input string.  An operator (+, -, *, / or ^) is followed by the symbol /");
+}
+
+TEST_F(ValidateInputTest, RefusesANumberBeyondTheLargestFloat) {
+  const std::string too_large =
+      "  is too large: the largest number the tutor can work with is about 1.8E308.";
+  EXPECT_EQ(Refusal("1E309"), "Error in input string.  The number  1E309" + too_large);
+  EXPECT_EQ(Refusal("1E309+1E309"), "Error in input string.  The number  1E309" + too_large);
+  EXPECT_EQ(Refusal("x=2;y=3E400x"), "Error in y=3E400x.  The number  3E400" + too_large);
+  // 400 digits: shown by their start only.
+  EXPECT_EQ(Refusal(std::string(400, '9')),
+            "Error in input string.  The number  " + std::string(30, '9') + "..." + too_large);
+  EXPECT_EQ(Refusal("1.7E308"), "");
+  EXPECT_EQ(Refusal("2e400"), "");  // 2 times e to the 400: no number beyond the bound
+}
+
+TEST_F(ValidateInputTest, RefusesANumberThatWouldCountAsZero) {
+  EXPECT_EQ(Refusal("x+1E-400"),
+            "Error in input string.  The number  1E-400  is too small: it would count as 0 (the "
+            "smallest is about 4.9E-324).");
+  EXPECT_EQ(Refusal("0E-400"), "");
+  EXPECT_EQ(Refusal("1E-310"), "");
+}
+
+TEST_F(ValidateInputTest, RefusesADecimalPointWithoutADigit) {
+  const std::string message =
+      "Error in input string.  The decimal point  .  has no digit beside it.";
+  EXPECT_EQ(Refusal("."), message);
+  EXPECT_EQ(Refusal("x+."), message);
+  EXPECT_EQ(Refusal("(.)x"), message);
+  EXPECT_EQ(Refusal(".5+2."), "");
+  s.DecimalPoint = ",";
+  EXPECT_EQ(Refusal("x*,"),
+            "Error in input string.  The decimal point  ,  has no digit beside it.");
+}
+
+TEST_F(ValidateInputTest, RefusesAnInputLongerThanThePoolCouldHold) {
+  const std::string nested = std::string(1000000, '(') + "x" + std::string(1000000, ')');
+  EXPECT_EQ(Refusal(nested),
+            "Error in input string.  The input is too long: it has 2000001 characters, and at most "
+            "24000 fit in the tutor's memory for expressions.");
+  // Many items are counted as one input.
+  std::string items = "x";
+  while (items.size() <= kMaxInputLength) items += ";x";
+  EXPECT_NE(Refusal(items).find("The input is too long"), std::string::npos);
+}
+
+TEST_F(ValidateInputTest, TheLongestInputIsCheckedWhole) {
+  const std::size_t depth = (kMaxInputLength - 1) / 2;
+  EXPECT_EQ(Refusal(std::string(depth, '(') + "x" + std::string(depth, ')')), "");
+  EXPECT_EQ(Refusal(std::string(depth, '(') + "x" + std::string(depth - 1, ')') + "]"),
+            "Error in input string.  Unmatched brackets.");
+}
+
+// The bracket test as three passes: each kind counted, then each opening bracket's partner.
+bool ThreePassBracketsMatch(const std::string& text) {
+  for (const auto& [open, close] : {std::pair{'(', ')'}, std::pair{'[', ']'}}) {
+    int depth = 0;
+    for (const char c : text) {
+      if (c == open) ++depth;
+      if (c == close && --depth < 0) return false;
+    }
+    if (depth != 0) return false;
+  }
+  for (int p = 1; p <= static_cast<int>(text.size()); ++p) {
+    const char c = text[static_cast<std::size_t>(p - 1)];
+    if (c != '(' && c != '[') continue;
+    const int close = FindCloseBracket(text, p);
+    if (close == 0) return false;
+    const char closing = text[static_cast<std::size_t>(close - 1)];
+    if ((c == '(' && closing == ']') || (c == '[' && closing == ')')) return false;
+  }
+  return true;
+}
+
+TEST(BracketsMatch, OnePassAgreesWithTheThreePassTest) {
+  unsigned state = 12345;
+  int matched = 0;
+  for (int round = 0; round < 20000; ++round) {
+    std::string text;
+    const int length = static_cast<int>(state % 12);
+    for (int i = 0; i < length; ++i) {
+      state = state * 1103515245u + 12345u;
+      text += "()[]x"[(state >> 16) % 5];
+    }
+    state = state * 1103515245u + 12345u;
+    const bool expected = ThreePassBracketsMatch(text);
+    matched += expected ? 1 : 0;
+    EXPECT_EQ(BracketsMatch(text), expected) << text;
+  }
+  EXPECT_GT(matched, 100);  // the sample holds matched texts as well as unmatched
 }
 
 }  // namespace

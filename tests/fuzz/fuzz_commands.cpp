@@ -7,6 +7,7 @@
 #include <string>
 
 #include "core/node_pool.h"
+#include "fuzz/long_input.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
 #include "shell/main_flow.h"
@@ -44,7 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   s.ExponentToExponentialFunction = (choice & 128) != 0;
   frontend.each_value = kValues[data[size - 1] % 8];
   UpdateStatusPanel(s);
-  const std::string text(reinterpret_cast<const char*>(data + 1), size - 1);
+  // The item: the bytes behind the first, or in the long-input mode the long text they stand for.
+  const std::string text = ExpandLongInput(data + 1, size - 1);
   if (!cmdLoadEquation(s, text, false)) return 0;
   if (s.Form.item_kind == "set of equations") return 0;
   // Every button on offer, each word in turn, three rounds (one step per press).

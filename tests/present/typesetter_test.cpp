@@ -283,15 +283,34 @@ TEST_F(Typesetter, DrawingLeavesThePoolAsItFoundIt) {
   EXPECT_EQ(s.Pool.NodesInUse, before);
 }
 
-TEST_F(Typesetter, FailureGivesItsMessageAndAnEmptyPicture) {
+TEST_F(Typesetter, AFailedDrawingIsToldOncePerCommandInWords) {
   while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
   const Picture picture = DrawExpression(s, metrics, "a+b+c+d");
   EXPECT_TRUE(picture.drawing.items.empty());
   ASSERT_EQ(frontend.messages.size(), 1u);
-  EXPECT_EQ(frontend.messages[0].text, "Error in DrawAnyExpression");
+  EXPECT_EQ(frontend.messages[0].text,
+            "Error in DrawAnyExpression.  The expression is too deep or too large to draw; its "
+            "drawings are left out until this command ends.");
   EXPECT_EQ(frontend.messages[0].icon, MessageIcon::Critical);
+  // Further failures of the same command are silent.
+  for (int i = 0; i < 10; ++i) {
+    EXPECT_TRUE(DrawEquation(s, metrics, "a+b+c", "d").drawing.items.empty());
+    DrawExpression(s, metrics, "a+b+c+d");
+  }
+  EXPECT_EQ(frontend.messages.size(), 1u);
+  // With room in the pool again, the command still leaves its drawings out; the next one draws.
+  InitNodePool(s);
+  EXPECT_TRUE(Expression("a+b").items.empty());
+  s.DrawFailureShown = false;
+  EXPECT_FALSE(Expression("a+b").items.empty());
+  // The next command tells again.
+  while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
   DrawEquation(s, metrics, "a+b+c", "d");
-  EXPECT_EQ(frontend.messages.back().text, "Error in DrawAnyEquation");
+  ASSERT_EQ(frontend.messages.size(), 2u);
+  EXPECT_EQ(frontend.messages.back().text.rfind("Error in DrawAnyEquation.  The expression is too "
+                                                "deep or too large to draw",
+                                                0),
+            0u);
 }
 
 TEST_F(Typesetter, DeepTreesLayOutWithinThePool) {

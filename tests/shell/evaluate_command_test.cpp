@@ -81,6 +81,21 @@ TEST_F(Evaluate, AnEmptyValueIsRefused) {
   EXPECT_EQ(frontend.messages[0].text, "Please give a value for x.");
 }
 
+TEST_F(Evaluate, AValueBeyondTheLargestFloatIsRefused) {
+  EXPECT_EQ(Press("x+1", std::vector<std::string>{"1E309"}), "");
+  ASSERT_EQ(frontend.messages.size(), 1u);
+  EXPECT_EQ(frontend.messages[0].text,
+            "Error in input string.  The number  1E309  is too large: the largest number the tutor "
+            "can work with is about 1.8E308.");
+}
+
+TEST_F(Evaluate, ALoneDecimalPointIsRefused) {
+  EXPECT_EQ(Press("x+1", std::vector<std::string>{"."}), "");
+  ASSERT_EQ(frontend.messages.size(), 1u);
+  EXPECT_EQ(frontend.messages[0].text,
+            "Error in input string.  The decimal point  .  has no digit beside it.");
+}
+
 TEST_F(Evaluate, ExactFractionsComeOutAsDecimalsInTheChosenFigures) {
   EXPECT_NE(Press("x/3", std::vector<std::string>{"1"}).find("@0.333@"), std::string::npos);
   EXPECT_FALSE(s.ExactToFloat);  // the option is the student's again afterwards

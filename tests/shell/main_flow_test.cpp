@@ -542,5 +542,46 @@ TEST_F(MainFlow, DiagnosticsLabelCountsNodesTimeAndSteps) {
   EXPECT_NE(label.find("\nsteps=2"), std::string::npos);
 }
 
+// Sixty terms: beyond the fifty terms one level of the parser holds.
+std::string SixtyTermSum() {
+  std::string text = "x";
+  for (int i = 1; i < 60; ++i) text += "+x";
+  return text;
+}
+
+TEST_F(MainFlow, AFailedLoadKeepsThePreviousItemWhole) {
+  ASSERT_TRUE(Load("2x+3x=10"));
+  cmdDoLHS(s);
+  const FormState before = s.Form;
+  frontend.work_space.clear();
+  EXPECT_FALSE(Load(SixtyTermSum()));
+  ASSERT_EQ(frontend.messages.size(), 1u);
+  EXPECT_EQ(frontend.messages[0].text, "Error in input string.");
+  EXPECT_EQ(frontend.messages[0].help_number, 2);
+  // No "Consider" without its item.
+  EXPECT_EQ(Transcript(), "");
+  EXPECT_EQ(s.Form.item_kind, "equation");
+  EXPECT_EQ(s.Form.visible_panel, before.visible_panel);
+  EXPECT_EQ(s.Form.panel1_caption, "Left Side");
+  EXPECT_EQ(s.Form.equation_box_items, before.equation_box_items);
+  EXPECT_EQ(s.Pool[kRightRoot].Text, "10");
+  ASSERT_EQ(s.EquationList.size(), 1u);
+  EXPECT_EQ(s.EquationList[0][1], "10");
+  // The buttons on offer act on the kept item.
+  s.StreamingOutput = true;
+  std::string error;
+  EXPECT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
+  EXPECT_TRUE(error.empty()) << error;
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "5*x");
+  EXPECT_EQ(s.Pool[kRightRoot].Text, "10");
+}
+
+TEST_F(MainFlow, AFailedFirstLoadLeavesNothingOnOffer) {
+  EXPECT_FALSE(Load(SixtyTermSum()));
+  EXPECT_EQ(s.Form.item_kind, "");
+  EXPECT_EQ(s.Form.visible_panel, -1);
+  EXPECT_EQ(Transcript(), "");
+}
+
 }  // namespace
 }  // namespace tavimor

@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include "core/node_pool.h"
+#include "core/validate.h"
+#include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/main_flow.h"
@@ -79,7 +81,7 @@ TEST_F(Stress, ItemBeyondThePoolIsRefusedAndTheOldItemStays) {
 }
 
 TEST_F(Stress, LongestTextOfOneNumberLoads) {
-  const std::string digits(5000, '7');
+  const std::string digits = "7." + std::string(4998, '7');
   ASSERT_TRUE(cmdLoadEquation(s, digits, false));
   EXPECT_EQ(s.Form.item_kind, "number");
 }
@@ -144,6 +146,88 @@ TEST_F(HostileFiles, MixedLineEndsControlBytesAndAThousandEntriesRoundTrip) {
   const std::vector<std::string> first = s.ListEntries;
   ASSERT_TRUE(ReadAlgebraFile(s, copy).ok);
   EXPECT_EQ(s.ListEntries, first);  // a second save changes nothing: no entry is duplicated
+}
+
+// Long and hostile inputs: nesting far deeper than a drawing can hold, inputs beyond what the
+// pool could ever hold, and numbers beyond the largest float.
+
+std::string Nested(const std::string& open, int depth, const std::string& inner,
+                   const std::string& close) {
+  std::string text;
+  for (int i = 0; i < depth; ++i) text += open;
+  text += inner;
+  for (int i = 0; i < depth; ++i) text += close;
+  return text;
+}
+
+int CriticalMessages(const RecordingFrontend& frontend) {
+  int count = 0;
+  for (const RecordedMessage& m : frontend.messages) count += m.icon == MessageIcon::Critical;
+  return count;
+}
+
+TEST_F(Stress, DeepRootsTellOnceThatTheyAreTooDeepToDraw) {
+  ASSERT_TRUE(cmdLoadEquation(s, Nested("sqrt(", 600, "x", ")"), false));
+  EXPECT_LE(CriticalMessages(frontend), 1);
+  frontend.messages.clear();
+  frontend.work_space.clear();
+  s.StreamingOutput = true;
+  std::string error;
+  EXPECT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
+  ASSERT_EQ(CriticalMessages(frontend), 1);
+  EXPECT_NE(frontend.messages[0].text.find("too deep or too large to draw"), std::string::npos);
+  // Set for a terminal, each step's mathematics stays one line of its text, not a square of
+  // characters as deep as the roots: a few megabytes at most, not hundreds.
+  std::size_t bytes = 0;
+  for (const std::string& line : RenderForTerminal(s, frontend.work_space)) bytes += line.size();
+  EXPECT_LT(bytes, 8'000'000u);
+  EXPECT_EQ(s.Pool.NodesInUse, ItemNodes());
+}
+
+TEST_F(Stress, ADeeplyNestedSumTellsOncePerCommand) {
+  ASSERT_TRUE(cmdLoadEquation(s, Nested("(", 498, "x", "+1)"), false));
+  EXPECT_LE(CriticalMessages(frontend), 1);
+  s.StreamingOutput = false;  // one step per press, as in the window
+  for (int press = 0; press < 3; ++press) {
+    frontend.messages.clear();
+    std::string error;
+    EXPECT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
+    EXPECT_LE(CriticalMessages(frontend), 1);
+  }
+}
+
+TEST_F(Stress, AMillionNestedBracketsAreRefusedAtOnce) {
+  ASSERT_TRUE(cmdLoadEquation(s, "x+1", false));
+  EXPECT_FALSE(cmdLoadEquation(s, Nested("(", 1000000, "x", ")"), false));
+  EXPECT_NE(frontend.messages.back().text.find("The input is too long"), std::string::npos);
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "x+1");
+}
+
+TEST_F(Stress, TheLongestInputsEndInAnItemOrAMessage) {
+  const std::size_t most = kMaxInputLength;
+  const std::vector<std::string> inputs = {
+      Nested("(", static_cast<int>((most - 1) / 2), "x", ")"),
+      Nested("sqrt(", static_cast<int>((most - 1) / 6), "x", ")"),
+      Nested("[", static_cast<int>((most - 1) / 2), "x", "]"),
+      "x" + Nested(";x", static_cast<int>((most - 1) / 2), "", ""),
+      "1" + Nested("+1", static_cast<int>((most - 1) / 2), "", ""),
+      "1" + std::string(most - 1, '0'),
+      "0." + std::string(most - 3, '0') + "1",
+  };
+  for (const std::string& input : inputs) {
+    frontend.messages.clear();
+    const bool loaded = cmdLoadEquation(s, input, false);
+    EXPECT_TRUE(loaded || !frontend.messages.empty()) << input.substr(0, 40);
+    EXPECT_EQ(s.Pool.NodesInUse, ItemNodes()) << input.substr(0, 40);
+  }
+}
+
+TEST_F(Stress, NumbersBeyondTheLargestFloatAreRefused) {
+  for (const char* input : {"1E309", "1E309+1E309", "x=1E400", "."}) {
+    frontend.messages.clear();
+    EXPECT_FALSE(cmdLoadEquation(s, input, false)) << input;
+    ASSERT_EQ(frontend.messages.size(), 1u) << input;
+  }
 }
 
 }  // namespace
