@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/node_pool.h"
+#include "core/node_shape.h"
 #include "core/number_format.h"
 #include "core/tree_walk.h"
 
@@ -207,17 +208,14 @@ void EvaluateNode(Session& s, NodeIdx n) {
   const NodeIdx first = pool[n].FirstChild;
   if (first == kNoNode) return;
   double a = 0.0;
-  switch (pool[first].Role) {
-    case kRolePlus:
-    case kRoleMinus:
-    case kRoleLeadingPlus:
+  switch (ContentShapeOf(pool, n)) {
+    case Shape::Sum:
       for (NodeIdx c = first; c != kNoNode; c = pool[c].Next) {
         const double v = ValueAsNumber(s, pool[c].Value);
         a += pool[c].Role == kRoleMinus ? -v : v;
       }
       break;
-    case kRoleNumerator:
-    case kRoleDenominator:
+    case Shape::Product:
       a = 1.0;
       for (NodeIdx c = first; c != kNoNode; c = pool[c].Next) {
         const double v = ValueAsNumber(s, pool[c].Value);
@@ -229,7 +227,7 @@ void EvaluateNode(Session& s, NodeIdx n) {
         }
       }
       break;
-    case kRoleExponent: {
+    case Shape::Power: {
       const double exponent = ValueAsNumber(s, pool[first].Value);
       const double base = ValueAsNumber(s, pool[pool[first].Next].Value);
       if (base == 0.0 && exponent < 0.0) {
@@ -244,10 +242,18 @@ void EvaluateNode(Session& s, NodeIdx n) {
       a = std::pow(base, exponent);
       break;
     }
-    default: a = ValueAsNumber(s, pool[first].Value); break;
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Function:
+    case Shape::SquareRoot:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::Broken: a = ValueAsNumber(s, pool[first].Value); break;
   }
   ExprNode& node = pool[n];
-  if (node.Kind == kKindFunction) {
+  if (const Shape shape = ShapeOf(pool, n);
+      shape == Shape::Function || shape == Shape::SquareRoot) {
     const std::string_view text = node.Text;
     a = ApplyFunction(s, text.substr(0, text.find('(')), a);
   }
@@ -264,8 +270,10 @@ void EvaluateAllRounded(Session& s, NodeIdx n) {
   ForEachInnerNodeChildrenFirst(s, n, [&s](NodeIdx inner) {
     EvaluateNode(s, inner);
     ExprNode& node = s.Pool[inner];
-    if (node.Kind == kKindFunction)
+    if (const Shape shape = ShapeOf(s.Pool, inner);
+        shape == Shape::Function || shape == Shape::SquareRoot) {
       node.Value = RoundToFifteenFigures(std::get<double>(node.Value));
+    }
   });
 }
 

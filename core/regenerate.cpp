@@ -2,6 +2,7 @@
 #include "core/regenerate.h"
 
 #include "core/node_pool.h"
+#include "core/node_shape.h"
 #include "core/tree_walk.h"
 #include "present/message_box.h"
 
@@ -14,12 +15,9 @@ void RegenerateAll(Session& s, NodeIdx n) {
 void RegenerateOne(Session& s, NodeIdx n) {
   const NodePool& pool = s.Pool;
   const NodeIdx first = pool[n].FirstChild;
-  const char r = pool[first].Role;
   std::string text;
-  switch (r) {
-    case kRolePlus:
-    case kRoleMinus:
-    case kRoleLeadingPlus:  // a sum
+  switch (ContentShapeOf(pool, n)) {
+    case Shape::Sum:
       for (NodeIdx c = first; c != kNoNode; c = pool[c].Next) {
         const ExprNode& child = pool[c];
         if ((child.Role == kRolePlus && child.Prev != kNoNode) || child.Role == kRoleLeadingPlus) {
@@ -30,8 +28,7 @@ void RegenerateOne(Session& s, NodeIdx n) {
         text += child.Text;
       }
       break;
-    case kRoleNumerator:
-    case kRoleDenominator:  // a product; a pseudo sign sits straight before the next factor
+    case Shape::Product:  // a pseudo sign sits straight before the next factor
       for (NodeIdx c = first; c != kNoNode; c = pool[c].Next) {
         const ExprNode& child = pool[c];
         if (child.Role == kRoleNumerator && child.Prev != kNoNode && text != "-" && text != "+") {
@@ -42,22 +39,39 @@ void RegenerateOne(Session& s, NodeIdx n) {
         text += child.Text;
       }
       break;
-    case kRoleNone: text = pool[first].Text; break;
-    case kRoleExponent:  // base ^ exponent
+    case Shape::OneChild: text = pool[first].Text; break;
+    case Shape::Power:  // base ^ exponent
       text = pool[pool[first].Next].Text + "^" + pool[first].Text;
       break;
-    default:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Function:
+    case Shape::SquareRoot:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::Broken:
       ShowCriticalMessage(s, "Error in RegenerateOne");
       text = "Error";
       break;
   }
   const ExprNode& node = pool[n];
-  if (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) {
-    text = "(" + text + ")";
-  } else if (node.Kind == kKindFunction) {
-    const std::size_t open = node.Text.find('(');
-    text =
-        node.Text.substr(0, open == std::string::npos ? node.Text.size() : open + 1) + text + ")";
+  switch (ShapeOf(pool, n)) {
+    case Shape::Bracket:
+    case Shape::HiddenBracket: text = "(" + text + ")"; break;
+    case Shape::Function:
+    case Shape::SquareRoot: {
+      const std::size_t open = node.Text.find('(');
+      text =
+          node.Text.substr(0, open == std::string::npos ? node.Text.size() : open + 1) + text + ")";
+      break;
+    }
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Sum:
+    case Shape::Product:
+    case Shape::Power:
+    case Shape::OneChild:
+    case Shape::Broken: break;
   }
   s.Pool[n].Text = std::move(text);
 }

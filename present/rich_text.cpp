@@ -27,7 +27,7 @@ TextFormat TextFormat::Parse(const std::string& format, float size) {
 }
 
 std::string Picture::Mathematics() const {
-  if (relation <= 0 || relation > 6) return left;
+  if (!IsRelationCode(relation)) return left;
   return left + kRelationTexts[relation] + right;
 }
 

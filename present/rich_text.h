@@ -28,10 +28,22 @@ struct TextFormat {
   std::uint32_t Rgb() const { return kQBColors[static_cast<std::size_t>(colour & 15)]; }
 };
 
+// Relation codes: what stands between the two sides of a piece of mathematics.
+inline constexpr int kRelationNone = 0;  // an expression
+inline constexpr int kRelationEquals = 1;
+inline constexpr int kRelationLess = 2;
+inline constexpr int kRelationGreater = 3;
+inline constexpr int kRelationLessOrEqual = 4;
+inline constexpr int kRelationGreaterOrEqual = 5;
+inline constexpr int kRelationArrow = 6;  // "->": a step from the left to the right
+inline constexpr bool IsRelationCode(int code) {
+  return code >= kRelationEquals && code <= kRelationArrow;
+}
+
 // A typeset piece of mathematics: the relation code (0 for an expression) and the texts, the
 // drawing of the typesetter, and the offset that puts its baseline on the text's baseline.
 struct Picture {
-  int relation = 0;
+  int relation = kRelationNone;
   std::string left;
   std::string right;
   Drawing drawing;

@@ -4,13 +4,19 @@
 #include <array>
 #include <utility>
 
+#include "present/rich_text.h"
+
 namespace tavimor {
 
 namespace {
 
 // Longer relations first, so that ">=" is not read as ">".
-constexpr std::array<std::pair<const char*, int>, 6> kRelations = {
-    {{"->", 6}, {">=", 5}, {"<=", 4}, {">", 3}, {"<", 2}, {"=", 1}}};
+constexpr std::array<std::pair<const char*, int>, 6> kRelations = {{{"->", kRelationArrow},
+                                                                    {">=", kRelationGreaterOrEqual},
+                                                                    {"<=", kRelationLessOrEqual},
+                                                                    {">", kRelationGreater},
+                                                                    {"<", kRelationLess},
+                                                                    {"=", kRelationEquals}}};
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 
 #include "core/brackets.h"
 #include "core/node_pool.h"
+#include "core/node_shape.h"
 #include "core/parse.h"
 #include "core/pieces.h"
 #include "present/display_form.h"
@@ -100,13 +101,12 @@ TextBlock TextLayout::Leaf(NodeIdx n) {
 TextBlock TextLayout::Render(NodeIdx n) {
   const ExprNode& node = N(n);
   if (node.FirstChild == kNoNode) return Leaf(n);
-  if (node.Kind == kKindPower) return Power(n);
-  if (node.Kind == kKindBracket) return Bracketed(Content(n), true);
-  if (node.Kind == kKindFunction) {
-    const std::string name = node.Text.substr(0, node.Text.find('('));
-    TextBlock content = Content(n);
-    if (name == "sqrt") {
+  switch (ShapeOf(s_.Pool, n)) {
+    case Shape::Power: return Power(n);
+    case Shape::Bracket: return Bracketed(Content(n), true);
+    case Shape::SquareRoot: {
       // A bar over the content, the root sign on its last row.
+      TextBlock content = Content(n);
       TextBlock root;
       root.rows.push_back(U" " + std::u32string(static_cast<std::size_t>(content.Width()), U'_'));
       for (int i = 0; i < content.Height(); ++i) {
@@ -116,15 +116,36 @@ TextBlock TextLayout::Render(NodeIdx n) {
       root.baseline = content.baseline + 1;
       return root;
     }
-    return TextBlock::Join({TextBlock::Line(Utf32(name)), Bracketed(content, true)});
+    case Shape::Function: {
+      const std::string name = node.Text.substr(0, node.Text.find('('));
+      return TextBlock::Join({TextBlock::Line(Utf32(name)), Bracketed(Content(n), true)});
+    }
+    case Shape::HiddenBracket:  // drawn as its content
+    case Shape::Sum:
+    case Shape::Product:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Broken: break;
   }
   return Content(n);  // a sum or product of its own, or a hidden bracket
 }
 
 TextBlock TextLayout::Content(NodeIdx n) {
   const NodeIdx first = N(n).FirstChild;
-  if (IsSumRole(N(first).Role)) return Sum(n);
-  if (IsProductRole(N(first).Role)) return Product(n);
+  switch (ContentShapeOf(s_.Pool, n)) {
+    case Shape::Sum: return Sum(n);
+    case Shape::Product: return Product(n);
+    case Shape::Power:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Function:
+    case Shape::SquareRoot:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::Broken: break;
+  }
   return Render(first);
 }
 
@@ -351,7 +372,7 @@ std::string Utf8(const std::u32string& text) {
 }
 
 TextBlock TextPicture(Session& s, const Picture& picture) {
-  if (picture.relation <= 0 || picture.relation > 6) return RenderText(s, picture.left);
+  if (!IsRelationCode(picture.relation)) return RenderText(s, picture.left);
   return TextBlock::Join({RenderText(s, picture.left),
                           TextBlock::Line(kRelationSigns[picture.relation]),
                           RenderText(s, picture.right)});

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/node_pool.h"
+#include "core/node_shape.h"
 #include "core/parse.h"
 #include "core/pieces.h"
 #include "present/display_form.h"
@@ -249,9 +250,18 @@ void Layout::MeasureAll(NodeIdx n) {
 Box Layout::MeasureContent(NodeIdx n) {
   const NodeIdx first = N(n).FirstChild;
   rule_y_[static_cast<std::size_t>(n)] = -1.0f;
-  if (IsSumRole(N(first).Role)) return MeasureSum(n);
-  if (IsProductRole(N(first).Role)) {
-    return MeasureProduct(n);
+  switch (ContentShapeOf(s_.Pool, n)) {
+    case Shape::Sum: return MeasureSum(n);
+    case Shape::Product: return MeasureProduct(n);
+    case Shape::Power:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Function:
+    case Shape::SquareRoot:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::Broken: break;
   }
   N(first).X = 0.0f;
   N(first).Y = 0.0f;

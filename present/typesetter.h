@@ -9,10 +9,6 @@
 
 namespace tavimor {
 
-// Relation codes of a drawn equation.
-inline constexpr int kRelationEquals = 1;
-inline constexpr int kRelationArrow = 6;
-
 // The drawn string of a relation code, with its blanks: " = ", " < ", " > ", " ≤ ", " ≥ ", "  →  ".
 std::string RelationString(int code);
 

@@ -83,11 +83,11 @@ bool OpenNested(Session& s, NodeIdx n, const std::string& old_text) {
                 "@ doesn't need brackets.  Simplify by removing them.";
     return true;
   }
-  const int kind = ClassifyNestedProduct(s, n);
-  if (kind == 2) return false;
+  const NestedProduct kind = ClassifyNestedProduct(s, n);
+  if (kind == NestedProduct::SeveralFractions) return false;
   // The narration of a fraction taken into the product is told before the tree changes.
   std::string narration;
-  if (kind == 3 && enclosing != kNoNode) {
+  if (kind == NestedProduct::OnlyFraction && enclosing != kNoNode) {
     std::string numerators;
     std::string denominators;
     OtherFactors(s, enclosing, n, numerators, denominators);
@@ -117,9 +117,9 @@ bool OpenNested(Session& s, NodeIdx n, const std::string& old_text) {
       }
     }
   }
-  if (kind == 1) {
+  if (kind == NestedProduct::SoleNumerator) {
     s.Message = kSkipMessage;
-  } else if (kind == 3) {
+  } else if (kind == NestedProduct::OnlyFraction) {
     s.Message = narration;
   } else {
     s.Message = "6#All products and quotients have the same priority so @" + old_text +
@@ -197,7 +197,7 @@ bool BracketRule(Session& s, NodeIdx& slot) {
   return OpenNested(s, n, old_text);
 }
 
-int ClassifyNestedProduct(Session& s, NodeIdx n) {
+NestedProduct ClassifyNestedProduct(Session& s, NodeIdx n) {
   const NodeIdx enclosing = ParentOf(s, n);
   int numerators = 0;
   int denominators = 0;
@@ -211,11 +211,15 @@ int ClassifyNestedProduct(Session& s, NodeIdx n) {
   }
   const bool fraction = FractionClass(s, n) != 0;
   const char role = s.Pool[n].Role;
-  if (numerators == 1 && role == kRoleNumerator && denominators >= 1 && !fraction) return 1;
-  if (denominators == 1 && role == kRoleDenominator && !fraction) return 5;
-  if (fraction && fractions == 1) return 3;
-  if (fraction) return 2;
-  return 4;
+  if (numerators == 1 && role == kRoleNumerator && denominators >= 1 && !fraction) {
+    return NestedProduct::SoleNumerator;
+  }
+  if (denominators == 1 && role == kRoleDenominator && !fraction) {
+    return NestedProduct::SoleDenominator;
+  }
+  if (fraction && fractions == 1) return NestedProduct::OnlyFraction;
+  if (fraction) return NestedProduct::SeveralFractions;
+  return NestedProduct::Plain;
 }
 
 bool FlattenSumBrackets(Session& s, NodeIdx& slot, bool all_at_once) {

@@ -10,9 +10,16 @@ namespace tavimor {
 
 // Removes one bracket at the node that is not required (five cases, tried in order).
 bool BracketRule(Session& s, NodeIdx& slot);
-// How a bracketed product sits in the product around it: 1 sole numerator, 5 sole denominator,
-// 3 the only fraction among its factors, 2 one of several fractions, 4 otherwise.
-int ClassifyNestedProduct(Session& s, NodeIdx n);
+// How a bracketed product sits in the product around it (the numbers are the cases as the
+// bracket rule tells them).
+enum class NestedProduct {
+  SoleNumerator = 1,     // the one numerator over denominators: (a*b)/c
+  SeveralFractions = 2,  // one of several fractions: left alone
+  OnlyFraction = 3,      // the only fraction among its factors
+  Plain = 4,             // any other factor
+  SoleDenominator = 5,   // the one denominator: a/(b*c)
+};
+NestedProduct ClassifyNestedProduct(Session& s, NodeIdx n);
 // Opens the first bracketed term of a sum (all of them with `all_at_once`), signs multiplied.
 bool FlattenSumBrackets(Session& s, NodeIdx& slot, bool all_at_once);
 // -(a+b) -> -a-b, while the DistributeMinus switch is on.

@@ -335,7 +335,7 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
     return true;
   }
   if (bits == kBitSorted) {
-    s.Message = "356#Sort factors.";
+    s.Message = kSortFactorsMessage;
     return true;
   }
   const bool exponents = (bits & kBitExponents) != 0;

@@ -243,7 +243,7 @@ bool CollectSum(Session& s, NodeIdx& slot) {
   if (text != old_text && level == 0) level = 2;
   if (level == 0) return false;
   ReplaceNodeContents(s, slot, text, true);
-  s.Message = bits == kBitSorted ? std::string("382#Sort terms.")
+  s.Message = bits == kBitSorted ? std::string(kSortTermsMessage)
                                  : std::to_string(380 + bits) + "#" + JoinStepParts(parts);
   return true;
 }

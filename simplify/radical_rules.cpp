@@ -105,23 +105,23 @@ bool RadicalForm(Session& s, NodeIdx& slot) {
 }
 
 std::string SquareRootOfNumber(Session& s, const std::string& text, int& code) {
-  code = 0;
+  code = kRootNotANumber;
   if (!IsNumberToken(s, text)) return text;
   const std::string unit = ImagUnitText(s);
   const double v = SafeValue(s, text);
   const double r = std::sqrt(std::fabs(v));
   if (!IsIntegerText(s, text) || s.ExactToFloat || r == std::nearbyint(r)) {
     if (v == -1.0) {
-      code = unit == "sqrt(-1)" ? -4 : -1;
+      code = unit == "sqrt(-1)" ? kRootOfMinusOne : -kRootIsANumber;
       return unit;
     }
     // Every negative number has an imaginary root, one between -1 and 0 as well: sqrt(-0.25)
     // is 0.5*i, never 0.5.
     if (v < 0.0) {
-      code = -1;
+      code = -kRootIsANumber;
       return FormatValue(s, r) + "*" + unit;
     }
-    code = 1;
+    code = kRootIsANumber;
     return FormatValue(s, r);
   }
   // Pairs of equal primes come out of the radical; the rest stays inside.
@@ -137,14 +137,14 @@ std::string SquareRootOfNumber(Session& s, const std::string& text, int& code) {
     }
   }
   std::string result = "sqrt(" + std::to_string(inside) + ")";
-  code = 2;
+  code = kRootStays;
   if (v < 0.0) {
     result += "*" + unit;
-    code = -2;
+    code = -kRootStays;
   }
   if (outside != 1) {
     result = std::to_string(outside) + "*" + result;
-    code = code * 3 / 2;
+    code = code > 0 ? kRootFactorOut : -kRootFactorOut;
   }
   return result;
 }
@@ -155,15 +155,15 @@ bool SquareRootValue(Session& s, NodeIdx& slot) {
   const std::string x = NumberArgument(s, node);
   if (x.empty()) return false;
   const std::string old_text = node.Text;
-  int code = 0;
+  int code = kRootNotANumber;
   const std::string result = SquareRootOfNumber(s, x, code);
   std::string message;
   switch (code) {
-    case 3:
+    case kRootFactorOut:
       message = "88#Simplify by pulling a factor out of the square root @" + old_text + "->" +
                 result + "@ .";
       break;
-    case -3:
+    case -kRootFactorOut:
       message = s.ComplexForm == 0
                     ? "305#Simplify @" + old_text +
                           "@ by pulling factors out of it including a factor of the square root "
@@ -171,15 +171,17 @@ bool SquareRootValue(Session& s, NodeIdx& slot) {
                     : "304#Simplify by writing @" + old_text +
                           "@ as an imaginary number and pulling a factor out of the square root.";
       break;
-    case -1:
-    case -2:
+    case -kRootIsANumber:
+    case -kRootStays:
       message =
           s.ComplexForm == 0
               ? "303#Simplify @" + old_text + "@ by pulling out a factor of the square root of -1."
               : "52#Simplify by writing @" + old_text + "@ as an imaginary number.";
       break;
-    case 1: message = "380#Simplify this expression by evaluating @" + old_text + "@ ."; break;
-    default: return false;  // codes 2 and -4: the radical stays as it is
+    case kRootIsANumber:
+      message = "380#Simplify this expression by evaluating @" + old_text + "@ .";
+      break;
+    default: return false;  // kRootStays, kRootOfMinusOne: the radical stays as it is
   }
   RewriteFunction(s, slot, result, message);
   return true;

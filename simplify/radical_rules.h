@@ -27,9 +27,15 @@ bool CombineSquareRoots(Session& s, NodeIdx& slot);
 // x*sqrt(x) = x*x^(1/2), so that the exponents can be added (265).
 bool RadicalToExponent(Session& s, NodeIdx& slot);
 
-// The square root of a number text in simplest form. Codes: 0 not a number (the text comes
-// back), 1 a number, 2 a radical that stays, 3 a factor pulled out; negative codes the same
-// with the imaginary unit, -4 for sqrt(-1) written as it stands.
+// The codes of SquareRootOfNumber. The negative of a code is the same with the imaginary unit
+// (-kRootFactorOut: a factor and the unit pulled out).
+inline constexpr int kRootNotANumber = 0;   // the text comes back
+inline constexpr int kRootIsANumber = 1;    // sqrt(9) = 3
+inline constexpr int kRootStays = 2;        // sqrt(6) stays a radical
+inline constexpr int kRootFactorOut = 3;    // sqrt(8) = 2*sqrt(2)
+inline constexpr int kRootOfMinusOne = -4;  // sqrt(-1) written as it stands
+
+// The square root of a number text in simplest form, with its code.
 std::string SquareRootOfNumber(Session& s, const std::string& text, int& code);
 
 }  // namespace tavimor

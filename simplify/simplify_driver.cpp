@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/node_pool.h"
+#include "core/node_shape.h"
 #include "core/number_text.h"
 #include "core/parse.h"
 #include "core/regenerate.h"
@@ -54,16 +55,19 @@ const std::vector<PassRow> kPasses = {
 };
 
 bool Matches(const Session& s, NodeIdx n, Where where) {
-  const ExprNode& node = s.Pool[n];
-  const char first = node.FirstChild == kNoNode ? '\0' : s.Pool[node.FirstChild].Role;
+  // A sum or a product is met where it stands: on its own, or as the content of a bracket or a
+  // function.
+  const Shape content = ContentShapeOf(s.Pool, n);
+  const Shape shape = ShapeOf(s.Pool, n);
   switch (where) {
     case Where::Any: return true;
-    case Where::Sum: return IsSumRole(first);
-    case Where::Product: return first == kRoleNumerator;
-    case Where::Power: return node.Kind == kKindPower;
-    case Where::Function: return node.Kind == kKindFunction;
-    case Where::Variable: return node.Kind == kKindVariable;
-    case Where::Number: return node.Kind == kKindNumber;
+    case Where::Sum: return content == Shape::Sum;
+    case Where::Product:  // in house form a product begins with a numerator
+      return content == Shape::Product && s.Pool[s.Pool[n].FirstChild].Role == kRoleNumerator;
+    case Where::Power: return shape == Shape::Power;
+    case Where::Function: return shape == Shape::Function || shape == Shape::SquareRoot;
+    case Where::Variable: return shape == Shape::Letter;
+    case Where::Number: return shape == Shape::Number;
   }
   return false;
 }
@@ -80,7 +84,7 @@ void RaiseStepLevel(const std::string& message, int& level) {
   int here = kLevelStep;
   if (message == kSkipMessage) {
     here = kLevelSilent;
-  } else if (message == "382#Sort terms." || message == "356#Sort factors.") {
+  } else if (message == kSortTermsMessage || message == kSortFactorsMessage) {
     here = kLevelSort;
   }
   level = std::max(level, here);

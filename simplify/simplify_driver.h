@@ -18,6 +18,9 @@ inline constexpr int kLevelSort = 2;
 inline constexpr int kLevelStep = 3;
 
 inline constexpr const char* kSkipMessage = "Skip message";
+// The messages of a step that only sorts: the loop counts them below a real step.
+inline constexpr const char* kSortTermsMessage = "382#Sort terms.";
+inline constexpr const char* kSortFactorsMessage = "356#Sort factors.";
 
 // A rewrite rule: given the slot that holds a node, rewrites once and puts its message in
 // Message (true), or leaves the tree as it was (false).

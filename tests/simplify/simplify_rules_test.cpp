@@ -245,15 +245,15 @@ TEST_F(Simplify, FractionTakenIntoAProductIsNarrated) {
 
 TEST_F(Simplify, NestedProductClasses) {
   const NodeIdx sole = Load("(a*b)/c");
-  EXPECT_EQ(ClassifyNestedProduct(s, N(sole).FirstChild), 1);
+  EXPECT_EQ(ClassifyNestedProduct(s, N(sole).FirstChild), NestedProduct::SoleNumerator);
   const NodeIdx denominator = Load("a/(b*c)");
-  EXPECT_EQ(ClassifyNestedProduct(s, Child(denominator, 2)), 5);
+  EXPECT_EQ(ClassifyNestedProduct(s, Child(denominator, 2)), NestedProduct::SoleDenominator);
   const NodeIdx one_fraction = Load("2*(x/y)");
-  EXPECT_EQ(ClassifyNestedProduct(s, Child(one_fraction, 2)), 3);
+  EXPECT_EQ(ClassifyNestedProduct(s, Child(one_fraction, 2)), NestedProduct::OnlyFraction);
   const NodeIdx two_fractions = Load("(a/b)*(c/d)");
-  EXPECT_EQ(ClassifyNestedProduct(s, Child(two_fractions, 1)), 2);
+  EXPECT_EQ(ClassifyNestedProduct(s, Child(two_fractions, 1)), NestedProduct::SeveralFractions);
   const NodeIdx plain = Load("2*(3*x)");
-  EXPECT_EQ(ClassifyNestedProduct(s, Child(plain, 2)), 4);
+  EXPECT_EQ(ClassifyNestedProduct(s, Child(plain, 2)), NestedProduct::Plain);
 }
 
 TEST_F(Simplify, FirstBracketOfASumWithoutASignReadsAsSamePriority) {
