@@ -17,7 +17,7 @@
 #include "cli/tree_command.h"
 #include "core/session.h"
 #include "core/validate.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 #include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"

@@ -8,7 +8,7 @@
 #include "core/input_split.h"
 #include "core/node_pool.h"
 #include "core/validate.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 #include "present/tree_labels.h"
 #include "shell/load_item.h"
 

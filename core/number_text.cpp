@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "core/number_format.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 
 namespace tavimor {
 

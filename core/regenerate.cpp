@@ -4,7 +4,7 @@
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/tree_walk.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 
 namespace tavimor {
 

@@ -10,7 +10,7 @@
 #include "core/brackets.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 
 namespace tavimor {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "core/number_text.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 
 namespace tavimor {
 

@@ -10,7 +10,7 @@
 #include "core/parse.h"
 #include "core/pieces.h"
 #include "present/display_form.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 
 namespace tavimor {
 

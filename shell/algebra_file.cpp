@@ -3,15 +3,11 @@
 #include "shell/algebra_file.h"
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
+#include "platform/file_system.h"
 #include "present/text_picture.h"
 
 namespace tavimor {
@@ -118,10 +114,9 @@ ReadOutcome ReadAlgebraFile(Session& s, const std::string& path) {
     outcome.problem = problem;
     return outcome;
   };
-  struct stat info {};
-  if (::stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode)) {
+  if (const PathFacts facts = FactsOf(path); facts.exists && !facts.regular) {
     return refuse("The file " + path + " could not be opened: " +
-                  (S_ISDIR(info.st_mode) ? "it is a folder." : "it is not a regular file."));
+                  (facts.folder ? "it is a folder." : "it is not a regular file."));
   }
   std::ifstream in(path, std::ios::binary);
   if (!in) return refuse("The file " + path + " could not be opened.");
@@ -148,24 +143,6 @@ ReadOutcome ReadAlgebraFile(Session& s, const std::string& path) {
 }
 
 namespace {
-
-// The file a path names, through its symbolic links (a dangling link names its target too).
-std::string LinkTarget(const std::string& path) {
-  std::string target = path;
-  for (int depth = 0; depth < 40; ++depth) {
-    char buffer[PATH_MAX];
-    const ssize_t length = ::readlink(target.c_str(), buffer, sizeof buffer - 1);
-    if (length < 0) break;
-    std::string next(buffer, static_cast<std::size_t>(length));
-    if (next.empty()) break;
-    if (next[0] != '/') {
-      const std::size_t slash = target.rfind('/');
-      if (slash != std::string::npos) next = target.substr(0, slash + 1) + next;
-    }
-    target = next;
-  }
-  return target;
-}
 
 std::string FolderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
@@ -200,58 +177,32 @@ bool WriteAlgebraFile(const Session& s, const std::string& path, std::string* re
     return Fail(reason, "The list holds more than 1000 entries, more than a file can hold.");
   }
   const std::string target = LinkTarget(path);
-  mode_t mode = 0666;  // a new file: as the umask allows
+  unsigned mode = 0666;  // a new file: as the umask allows
   bool keep_mode = false;
-  struct stat info {};
-  if (::stat(target.c_str(), &info) == 0) {
-    if (S_ISDIR(info.st_mode)) return Fail(reason, SaveFailureReason(EISDIR, target));
-    if (!S_ISREG(info.st_mode)) return Fail(reason, target + " is not a regular file.");
+  if (const PathFacts facts = FactsOf(target); facts.exists) {
+    if (facts.folder) return Fail(reason, SaveFailureReason(EISDIR, target));
+    if (!facts.regular) return Fail(reason, target + " is not a regular file.");
     // A read-only file is not replaced behind its owner's back.
-    if (::access(target.c_str(), W_OK) != 0) return Fail(reason, SaveFailureReason(errno, target));
-    mode = info.st_mode & 07777;
+    if (!facts.writable) return Fail(reason, SaveFailureReason(facts.write_error, target));
+    mode = facts.mode;
     keep_mode = true;
   }
-  struct stat folder {};
-  if (::stat(FolderOf(target).c_str(), &folder) != 0 || !S_ISDIR(folder.st_mode)) {
-    return Fail(reason, SaveFailureReason(ENOENT, target));
-  }
+  if (!FactsOf(FolderOf(target)).folder) return Fail(reason, SaveFailureReason(ENOENT, target));
   // A temporary file left by a killed save is removed first, whatever it is.
   const std::string temporary = target + ".saving";
-  ::unlink(temporary.c_str());
-  const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-  if (fd < 0) return Fail(reason, SaveFailureReason(errno, target));
-  const auto abandon = [&](int error) {
-    ::close(fd);
-    ::unlink(temporary.c_str());
-    return Fail(reason, SaveFailureReason(error, target));
-  };
-  const std::string bytes = BytesFromEntries(s.ListEntries);
-  for (std::size_t done = 0; done < bytes.size();) {
-    const ssize_t written = ::write(fd, bytes.data() + done, bytes.size() - done);
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      return abandon(errno);
-    }
-    done += static_cast<std::size_t>(written);
-  }
-  if (keep_mode && ::fchmod(fd, mode) != 0) return abandon(errno);
-  if (::fsync(fd) != 0) return abandon(errno);
-  if (::close(fd) != 0) {
-    const int error = errno;
-    ::unlink(temporary.c_str());
+  RemoveFile(temporary);
+  if (const int error =
+          WriteNewFileToDisk(temporary, BytesFromEntries(s.ListEntries), mode, keep_mode);
+      error != 0) {
     return Fail(reason, SaveFailureReason(error, target));
   }
   if (std::rename(temporary.c_str(), target.c_str()) != 0) {
     const int error = errno;
-    ::unlink(temporary.c_str());
+    RemoveFile(temporary);
     return Fail(reason, SaveFailureReason(error, target));
   }
   // The rename itself reaches the disk with its folder.
-  const int folder_fd = ::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder_fd >= 0) {
-    ::fsync(folder_fd);
-    ::close(folder_fd);
-  }
+  FlushFolder(FolderOf(target));
   return true;
 }
 

@@ -10,7 +10,7 @@
 #include "core/input_split.h"
 #include "core/node_pool.h"
 #include "core/number_format.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 

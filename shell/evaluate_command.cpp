@@ -13,7 +13,7 @@
 #include "core/temp_tree.h"
 #include "core/tree_walk.h"
 #include "core/validate.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 #include "present/work_space.h"
 #include "shell/command_frame.h"
 #include "simplify/bracket_rules.h"

@@ -13,7 +13,7 @@
 #include "core/number_text.h"
 #include "core/regenerate.h"
 #include "core/validate.h"
-#include "present/message_box.h"
+#include "core/message_box.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 #include "shell/algebra_file.h"

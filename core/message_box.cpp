@@ -1,5 +1,5 @@
 // The system's message box: a text and the help topic its help button leads to.
-#include "present/message_box.h"
+#include "core/message_box.h"
 
 namespace tavimor {
 
