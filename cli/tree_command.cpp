@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "core/input_split.h"
+#include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/validate.h"
-#include "core/message_box.h"
 #include "present/tree_labels.h"
 #include "shell/load_item.h"
 

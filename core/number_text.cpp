@@ -4,8 +4,8 @@
 #include <cmath>
 #include <optional>
 
-#include "core/number_format.h"
 #include "core/message_box.h"
+#include "core/number_format.h"
 
 namespace tavimor {
 

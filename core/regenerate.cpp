@@ -1,10 +1,10 @@
 // Text from trees: the canonical Text of every node, rebuilt from its children.
 #include "core/regenerate.h"
 
+#include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/tree_walk.h"
-#include "core/message_box.h"
 
 namespace tavimor {
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "core/brackets.h"
+#include "core/message_box.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
-#include "core/message_box.h"
 
 namespace tavimor {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "core/number_text.h"
 #include "core/message_box.h"
+#include "core/number_text.h"
 
 namespace tavimor {
 

@@ -7,12 +7,12 @@
 #include <cmath>
 #include <set>
 
+#include "core/message_box.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
 #include "core/tree_walk.h"
-#include "core/message_box.h"
 #include "simplify/radical_rules.h"
 #include "simplify/simplify_driver.h"
 

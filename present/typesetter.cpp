@@ -5,12 +5,12 @@
 #include <array>
 #include <vector>
 
+#include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/parse.h"
 #include "core/pieces.h"
 #include "present/display_form.h"
-#include "core/message_box.h"
 
 namespace tavimor {
 

@@ -8,9 +8,9 @@
 
 #include "core/errors.h"
 #include "core/input_split.h"
+#include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/number_format.h"
-#include "core/message_box.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 

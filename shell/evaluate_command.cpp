@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/evaluate.h"
+#include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
@@ -13,7 +14,6 @@
 #include "core/temp_tree.h"
 #include "core/tree_walk.h"
 #include "core/validate.h"
-#include "core/message_box.h"
 #include "present/work_space.h"
 #include "shell/command_frame.h"
 #include "simplify/bracket_rules.h"

@@ -7,13 +7,13 @@
 #include <cmath>
 
 #include "core/input_split.h"
+#include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
 #include "core/regenerate.h"
 #include "core/validate.h"
-#include "core/message_box.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 #include "shell/algebra_file.h"
