@@ -24,6 +24,7 @@
 #include "qt/options_dialog.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
+#include "shell/file_commands.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 #include "shell/version.h"
@@ -485,14 +486,10 @@ void MainWindow::SetFileCaption() {
 }
 
 void MainWindow::AfterFileLoaded() {
-  s_.ListEditedFlag = s_.EqnAddedFlag = false;
   topics_->Reload();
   if (topics_->TopicCount() > 0) {
-    s_.EqnInsertPos = static_cast<std::int16_t>(s_.ListEntries.size() + 1);
     center_->setCurrentWidget(topics_);
   } else {
-    s_.CurrentSubTopic = 0;
-    LoadEqns(s_, 1);
     center_->setCurrentWidget(work_space_);
     equation_box_->clear();
   }
@@ -502,23 +499,19 @@ void MainWindow::AfterFileLoaded() {
 
 bool MainWindow::FileNew() {
   if (!AskSaveChanges()) return false;
-  ReadAlgebraFile(s_, "");
-  s_.FileName.clear();
-  s_.EqnInsertPos = 1;
+  std::string problem;
+  OpenAlgebraFile(s_, "", problem);
   AfterFileLoaded();
   return true;
 }
 
 bool MainWindow::OpenFile(const QString& path) {
-  const ReadOutcome outcome = ReadAlgebraFile(s_, path.toStdString());
-  if (!outcome.ok) {
-    // The list is empty and has no name, so that Save can never overwrite the file with it.
-    QMessageBox::warning(this, QStringLiteral("Tavimor"), QString::fromStdString(outcome.problem));
-    s_.FileName.clear();
+  std::string problem;
+  if (!OpenAlgebraFile(s_, path.toStdString(), problem)) {
+    QMessageBox::warning(this, QStringLiteral("Tavimor"), QString::fromStdString(problem));
     AfterFileLoaded();
     return false;
   }
-  s_.FileName = path.toStdString();
   AddRecentFile(recent_, s_.FileName);
   UpdateRecentMenu();
   AfterFileLoaded();
@@ -527,24 +520,21 @@ bool MainWindow::OpenFile(const QString& path) {
 
 bool MainWindow::FileSave() {
   std::string reason;
-  if (s_.FileName.empty() || !WriteAlgebraFile(s_, s_.FileName, &reason)) {
+  if (s_.FileName.empty() || !SaveAlgebraFile(s_, s_.FileName, reason)) {
     QMessageBox::information(this, QStringLiteral("Tavimor"),
                              QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
-  s_.ListEditedFlag = s_.EqnAddedFlag = false;
   return true;
 }
 
 bool MainWindow::FileSaveAs(const QString& path) {
   std::string reason;
-  if (!WriteAlgebraFile(s_, path.toStdString(), &reason)) {
+  if (!SaveAlgebraFile(s_, path.toStdString(), reason)) {
     QMessageBox::information(this, QStringLiteral("Tavimor"),
                              QString::fromStdString(FileNotSavedText(reason)));
     return false;
   }
-  s_.ListEditedFlag = s_.EqnAddedFlag = false;
-  s_.FileName = path.toStdString();
   SetFileCaption();
   AddRecentFile(recent_, s_.FileName);
   UpdateRecentMenu();

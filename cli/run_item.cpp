@@ -1,0 +1,177 @@
+// Running an item and its command words, one line of a batch, and a whole batch file.
+#include "cli/run_item.h"
+
+#include <chrono>
+#include <fstream>
+#include <iostream>
+#include <memory>
+
+#include "cli/cli_session.h"
+#include "cli/json_output.h"
+#include "cli/tree_command.h"
+#include "core/message_box.h"
+#include "core/validate.h"
+#include "present/text_picture.h"
+#include "shell/buttons.h"
+#include "shell/command_table.h"
+#include "shell/main_flow.h"
+
+namespace tavimor {
+
+namespace {
+
+// One batch line refused before it could be loaded: its object, or its note.
+int RefuseLine(Session& s, const std::string& problem, bool json, std::ostream& out) {
+  std::cerr << problem << '\n';
+  if (json) {
+    const std::vector<std::string> messages = {problem};
+    out << WorkItemJson(s, {}, messages, {}, problem, false) << '\n';
+  }
+  return kExitRefused;
+}
+
+}  // namespace
+
+bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error,
+             std::string& refusal) {
+  const CommandWord* entry = FindCommandWord(word);
+  if (entry == nullptr) {
+    refusal =
+        "Unknown command \"" + PrintableText(word) + "\". 'tavimor-cli --help' lists the commands.";
+    return false;
+  }
+  std::string message;
+  switch (PressButton(s, entry->button, entry->right_button, message)) {
+    case PressOutcome::Done:
+      if (!message.empty()) error = message;
+      return true;
+    case PressOutcome::NotOnOffer: {
+      const int panel = PanelOfButton(entry->button);
+      refusal = "The command \"" + word + "\" is not on offer now";
+      if (panel >= 0 && panel != s.Form.visible_panel) {
+        refusal += ": its button is on the " + PanelCaption(s, panel) + " panel";
+      }
+      refusal += ".";
+      return false;
+    }
+    case PressOutcome::NotBuilt:
+      refusal = "The command \"" + word +
+                "\" is not available yet: its part of the tutor has not been built.";
+      return false;
+  }
+  return false;
+}
+
+int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
+            const std::vector<std::string>& words, bool json, std::ostream& out) {
+  frontend.Reset();
+  std::optional<std::string> error;
+  std::string blank_check = item;
+  RemoveSpaces(blank_check);
+  int status = kExitOk;
+  if (blank_check.empty()) {
+    ShowCustomMessage(s, "Nothing to load: the item is empty.", 2);
+    status = kExitRefused;
+  } else if (!cmdLoadEquation(s, item, false)) {
+    status = kExitRefused;
+  }
+  if (status == kExitOk) {
+    for (const std::string& word : words) {
+      std::string refusal;
+      if (!RunWord(s, word, error, refusal)) {
+        std::cerr << refusal << '\n';
+        error = refusal;
+        status = kExitUnknownCommand;
+        break;
+      }
+    }
+  }
+  if (json) {
+    if (status != kExitOk && !frontend.Messages().empty()) error = frontend.Messages().back();
+    // A refused line has no item of its own: the previous item, which the session keeps, is not
+    // reported as this line's.
+    const std::string kept_kind = s.Form.item_kind;
+    if (status != kExitOk) s.Form.item_kind.clear();
+    out << WorkItemJson(s, frontend.WorkSpace(), frontend.Messages(), frontend.Hints(), error)
+        << '\n';
+    s.Form.item_kind = kept_kind;
+  } else if (status == kExitOk) {
+    bool started = false;  // the work space opens with a line end
+    for (const std::string& line : RenderForTerminal(s, frontend.WorkSpace())) {
+      started = started || !line.empty();
+      if (started) out << PrintableText(line) << '\n';
+    }
+    for (const std::string& hint : frontend.Hints()) {
+      out << "Hint: " << PrintableText(hint) << '\n';
+    }
+  }
+  // A value evaluate asked for and nobody gave: a mistake on the command line.
+  for (const std::string& letter : frontend.MissingValues()) {
+    std::cerr << "tavimor-cli: evaluate needs a value for " << letter << ": give --values \""
+              << letter << "=...\".\n";
+    if (status == kExitOk) status = kExitUsage;
+  }
+  // A value --values gives that the check refused (its message is on standard error).
+  if (!frontend.RefusedValues().empty()) status = kExitUsage;
+  return status;
+}
+
+int RunBatch(const CliOptions& options) {
+  if (RefuseIrregularFile(options.batch, "batch file")) return kExitRefused;
+  std::ifstream file(options.batch, std::ios::binary);
+  if (!file) return Usage("cannot read the batch file \"" + options.batch + "\".");
+  std::string error;
+  const std::unique_ptr<TutorRun> run = MakeTutorRun(options, false, error);
+  if (run == nullptr) return Usage(error);
+  Session& s = run->s;
+  TerminalFrontend& frontend = run->frontend;
+  if (!OpenFile(s, options)) return kExitRefused;
+  const auto start = std::chrono::steady_clock::now();
+  int lines = 0;
+  int failed = 0;
+  int first_failure = kExitOk;
+  std::string line;
+  bool too_long = false;
+  while (ReadBoundedLine(file, line, kMaxLineBytes, too_long)) {
+    if (!too_long && line.find_first_not_of(" \t") == std::string::npos) continue;
+    ++lines;
+    const std::size_t tab = line.find('\t');
+    const std::string item = line.substr(0, tab);
+    if (!options.json) std::cout << "== " << PrintableText(item) << '\n';
+    int status = kExitOk;
+    if (too_long) {
+      frontend.Reset();
+      status = RefuseLine(s,
+                          "Line " + std::to_string(lines) + " is longer than " +
+                              std::to_string(kMaxLineBytes) + " bytes and is not read.",
+                          options.json, std::cout);
+    } else {
+      std::vector<std::string> words;
+      if (tab != std::string::npos) {
+        const std::string rest = line.substr(tab + 1);
+        for (std::size_t at = 0; at < rest.size();) {
+          const std::size_t end = rest.find_first_of(" \t", at);
+          const std::string word = rest.substr(at, end == std::string::npos ? end : end - at);
+          if (!word.empty()) words.push_back(word);
+          if (end == std::string::npos) break;
+          at = end + 1;
+        }
+      }
+      status = RunItem(s, frontend, item, words, options.json, std::cout);
+      ForgetList(s, options);
+    }
+    if (status != kExitOk) {
+      ++failed;
+      if (first_failure == kExitOk) first_failure = status;
+    }
+  }
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  std::cerr << lines << " lines in " << seconds << " s";
+  if (failed > 0) std::cerr << ", " << failed << " failed";
+  std::cerr << '\n';
+  const int saved = SaveFile(s, options);
+  return saved != kExitOk ? saved : first_failure;
+}
+
+}  // namespace tavimor

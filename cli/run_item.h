@@ -1,0 +1,26 @@
+// Running an item and its command words, one line of a batch, and a whole batch file.
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "cli/cli_options.h"
+#include "cli/terminal_frontend.h"
+#include "core/session.h"
+
+namespace tavimor {
+
+// Runs one command word. On a refusal returns false with the sentence that says why in
+// `refusal`; a command that ran and failed leaves its message in `error`.
+bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error,
+             std::string& refusal);
+// Loads the item, runs the words, and prints the work space or the JSON object (always one,
+// whatever failed). Returns the exit status.
+int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
+            const std::vector<std::string>& words, bool json, std::ostream& out);
+// Runs the --batch file: one item and its words a line.
+int RunBatch(const CliOptions& options);
+
+}  // namespace tavimor
