@@ -81,6 +81,22 @@ std::array<std::string, 6> ResultPhrases(const std::string& verb, const std::str
           nothing + "."};
 }
 
+std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
+                                  const std::string& closing) {
+  return "Note:  The expression can be simplified like this:||@" + input + "->" + simplified +
+         "@  ||" + closing;
+}
+
+bool TellSimplifiedInstead(Session& s, NodeIdx side, const std::string& input,
+                           const std::string& note) {
+  if (note.empty()) return false;
+  ShowHint(s, note);
+  FreeChildren(s, side);
+  LoadSide(s, side, input);
+  s.SimplifiedInsteadTold = true;
+  return true;
+}
+
 void ShowResult(Session& s, const std::array<std::string, 6>& phrases, bool changed) {
   WorkSpaceSink box(s);
   const FontMetrics& metrics = s.Screen().Metrics();
@@ -140,6 +156,7 @@ std::string RunCommandFrame(Session& s, const std::string& error_text,
   // a drawing that failed.
   s.RewriteCount = 0;
   s.DrawFailureShown = false;
+  s.SimplifiedInsteadTold = false;
   try {
     ResetDiagnostics(s);
     work(side);
@@ -165,7 +182,7 @@ std::string RunExpressionCommand(Session& s, const ExpressionCommand& command,
       },
       [&] {
         if (s.DetailNow >= 1 && s.StreamingOutput) changed = false;
-        if (s.DetailNow == 0 || !changed) {
+        if ((s.DetailNow == 0 || !changed) && !s.SimplifiedInsteadTold) {
           ShowResult(s, ResultPhrases(command.verb, command.nothing), changed);
         }
       });
