@@ -11,6 +11,7 @@
 #include "core/node_pool.h"
 #include "core/number_format.h"
 #include "present/message_box.h"
+#include "present/text_picture.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 
@@ -39,6 +40,15 @@ constexpr int kDivideByZeroHelp = 260;
 
 double NowSeconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// Whether two forms are set alike on paper, as the terminal sets them.
+bool DrawnAlike(Session& s, const std::string& a, const std::string& b) {
+  Picture first;
+  first.left = a;
+  Picture second;
+  second.left = b;
+  return TextPicture(s, first).Utf8Rows() == TextPicture(s, second).Utf8Rows();
 }
 
 }  // namespace
@@ -88,11 +98,12 @@ std::string SimplifiedInsteadNote(const std::string& input, const std::string& s
 }
 
 bool TellSimplifiedInstead(Session& s, NodeIdx side, const std::string& input,
-                           const std::string& note) {
-  if (note.empty()) return false;
-  ShowHint(s, note);
+                           const std::string& simplified, const std::string& note) {
+  if (simplified == input) return false;
   FreeChildren(s, side);
   LoadSide(s, side, input);
+  if (note.empty() || DrawnAlike(s, input, simplified)) return false;
+  ShowHint(s, note);
   s.SimplifiedInsteadTold = true;
   return true;
 }

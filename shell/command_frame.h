@@ -39,11 +39,12 @@ std::string RunExpressionCommand(Session& s, const ExpressionCommand& command,
 // "There is nothing to factor.").
 std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
                                   const std::string& closing);
-// Tells such a note in the hint box and puts the side back in the form that was input; the
-// frame then writes no result sentence of its own. Does nothing for an empty note. True if the
-// note was told.
+// Puts the side back in the form that was input when the engine's first simplification left
+// `simplified` in it, and tells `note` (empty: none) in the hint box, unless the two forms are
+// set alike on paper (1/(x*(x+1)) and 1/x/(x+1)), where the note would show nothing. The frame
+// then writes no result sentence of its own. True if the note was told.
 bool TellSimplifiedInstead(Session& s, NodeIdx side, const std::string& input,
-                           const std::string& note);
+                           const std::string& simplified, const std::string& note);
 
 // The six result sentences of a command.
 std::array<std::string, 6> ResultPhrases(const std::string& verb, const std::string& nothing);

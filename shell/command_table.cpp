@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/pieces.h"
 #include "core/scoped_override.h"
 #include "manipulate/expand.h"
 #include "shell/command_frame.h"
@@ -31,7 +32,8 @@ bool SimplifyEngine(Session& s, NodeIdx side, bool) {
 bool ExpandEngine(Session& s, NodeIdx side, bool right_button) {
   const std::string input = s.Pool[side].Text;
   if (ExpandSide(s, side, right_button)) return true;
-  TellSimplifiedInstead(s, side, input, NothingToExpandNote(input, s.Message));
+  TellSimplifiedInstead(s, side, input, GetPiece(s.Message, 1, kExpandRecordSeparator),
+                        NothingToExpandNote(input, s.Message));
   return false;
 }
 std::string EvaluateButton(Session& s, bool) { return cmdEvaluate(s); }

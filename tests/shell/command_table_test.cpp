@@ -142,7 +142,7 @@ bool SimplifiesButFindsNothing(Session& s, NodeIdx side) {
   const std::string input = s.Pool[side].Text;
   FreeChildren(s, side);
   LoadSide(s, side, "2*x");
-  TellSimplifiedInstead(s, side, input,
+  TellSimplifiedInstead(s, side, input, "2*x",
                         SimplifiedInsteadNote(input, "2*x", "There is nothing to factor."));
   return false;
 }
