@@ -101,8 +101,9 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       started = started || !line.empty();
       if (started) out << PrintableText(line) << '\n';
     }
-    for (const std::string& hint : frontend.Hints()) {
-      out << "Hint: " << PrintableText(hint) << '\n';
+    for (const RichText& hint : frontend.HintBodies()) {
+      out << "Hint:\n";
+      for (const std::string& line : RenderForTerminal(s, hint)) out << PrintableText(line) << '\n';
     }
   }
   // A value evaluate asked for and nobody gave: a mistake on the command line.

@@ -152,6 +152,7 @@ void TerminalFrontend::Reset() {
   ClearWorkSpace();
   messages_.clear();
   hints_.clear();
+  hint_bodies_.clear();
   missing_values_.clear();
   refused_values_.clear();
   ask_again_.clear();
@@ -180,6 +181,7 @@ void TerminalFrontend::ShowMessageBox(const std::string& text, int, MessageIcon)
 void TerminalFrontend::ShowHintBox(const RichText& body, int) {
   if (!live_) {
     hints_.push_back(PlainText(body));
+    hint_bodies_.push_back(body);
     return;
   }
   Flush();

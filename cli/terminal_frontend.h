@@ -75,6 +75,8 @@ class TerminalFrontend : public Frontend {
   const RichText& WorkSpace() const { return work_space_; }
   const std::vector<std::string>& Messages() const { return messages_; }
   const std::vector<std::string>& Hints() const { return hints_; }
+  // The hints as the box holds them, with their mathematics as pictures.
+  const std::vector<RichText>& HintBodies() const { return hint_bodies_; }
   // Forgets the work space and the messages, for the next line of a batch.
   void Reset();
 
@@ -92,6 +94,7 @@ class TerminalFrontend : public Frontend {
   RichText pending_line_;  // live mode: the runs of the line not yet printed
   std::vector<std::string> messages_;
   std::vector<std::string> hints_;
+  std::vector<RichText> hint_bodies_;
   std::vector<std::pair<std::string, std::string>> given_values_;
   std::vector<std::string> missing_values_;
   LineSource line_source_;

@@ -95,6 +95,10 @@ struct CommandState {
   // Whether the running command has told that a drawing failed: it tells once, however many
   // drawings fail after. Each command starts with false.
   bool DrawFailureShown = false;
+  // Whether the running command has told, in place of its result, that it found nothing of its
+  // own to do but that the side simplifies (the note in the hint box). Each command starts with
+  // false.
+  bool SimplifiedInsteadTold = false;
 
   // Diagnostics of the running command: its start in seconds of a steady clock.
   double CommandStartSeconds = 0.0;

@@ -11,6 +11,7 @@
 #include "core/message_box.h"
 #include "core/node_pool.h"
 #include "core/number_format.h"
+#include "present/text_picture.h"
 #include "present/typesetter.h"
 #include "present/work_space.h"
 
@@ -39,6 +40,15 @@ constexpr int kDivideByZeroHelp = 260;
 
 double NowSeconds() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// Whether two forms are set alike on paper, as the terminal sets them.
+bool DrawnAlike(Session& s, const std::string& a, const std::string& b) {
+  Picture first;
+  first.left = a;
+  Picture second;
+  second.left = b;
+  return TextPicture(s, first).Utf8Rows() == TextPicture(s, second).Utf8Rows();
 }
 
 }  // namespace
@@ -79,6 +89,23 @@ std::array<std::string, 6> ResultPhrases(const std::string& verb, const std::str
           nothing + " on the right side of the equation.",
           verb + " yields",
           nothing + "."};
+}
+
+std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
+                                  const std::string& closing) {
+  return "Note:  The expression can be simplified like this:||@" + input + "->" + simplified +
+         "@  ||" + closing;
+}
+
+bool TellSimplifiedInstead(Session& s, NodeIdx side, const std::string& input,
+                           const std::string& simplified, const std::string& note) {
+  if (simplified == input) return false;
+  FreeChildren(s, side);
+  LoadSide(s, side, input);
+  if (note.empty() || DrawnAlike(s, input, simplified)) return false;
+  ShowHint(s, note);
+  s.SimplifiedInsteadTold = true;
+  return true;
 }
 
 void ShowResult(Session& s, const std::array<std::string, 6>& phrases, bool changed) {
@@ -140,6 +167,7 @@ std::string RunCommandFrame(Session& s, const std::string& error_text,
   // a drawing that failed.
   s.RewriteCount = 0;
   s.DrawFailureShown = false;
+  s.SimplifiedInsteadTold = false;
   try {
     ResetDiagnostics(s);
     work(side);
@@ -165,7 +193,7 @@ std::string RunExpressionCommand(Session& s, const ExpressionCommand& command,
       },
       [&] {
         if (s.DetailNow >= 1 && s.StreamingOutput) changed = false;
-        if (s.DetailNow == 0 || !changed) {
+        if ((s.DetailNow == 0 || !changed) && !s.SimplifiedInsteadTold) {
           ShowResult(s, ResultPhrases(command.verb, command.nothing), changed);
         }
       });

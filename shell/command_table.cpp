@@ -4,7 +4,10 @@
 
 #include <algorithm>
 
+#include "core/pieces.h"
 #include "core/scoped_override.h"
+#include "manipulate/expand.h"
+#include "shell/command_frame.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
@@ -23,6 +26,15 @@ constexpr ExpressionCommand kNoFrame = {nullptr, nullptr, nullptr, nullptr};
 bool SimplifyEngine(Session& s, NodeIdx side, bool) {
   ScopedOverride trig(s.TrigMode, std::int16_t{0});
   return SimplifySide(s, side);
+}
+// The right button expands denominators too. A side with nothing to expand that the first
+// simplification changed is told so in a note, and stays as it was input.
+bool ExpandEngine(Session& s, NodeIdx side, bool right_button) {
+  const std::string input = s.Pool[side].Text;
+  if (ExpandSide(s, side, right_button)) return true;
+  TellSimplifiedInstead(s, side, input, GetPiece(s.Message, 1, kExpandRecordSeparator),
+                        NothingToExpandNote(input, s.Message));
+  return false;
 }
 std::string EvaluateButton(Session& s, bool) { return cmdEvaluate(s); }
 std::string LeftSideButton(Session& s, bool) {
@@ -54,7 +66,8 @@ const std::vector<CommandRow> kRows = {
   {"cmdExpand", On(kPanelExpression), "Expand",
    "Expand the expression (right click to expand a denominator)",
    {"expand", "expand the expression"}, {"expand-denominators", "expand, denominators too"},
-   {"Expand", "There is nothing to expand", "Expanding", "Error in Expand."}, nullptr, nullptr},
+   {"Expand", "There is nothing to expand", "Expanding", "Error in Expand."}, &ExpandEngine,
+   nullptr},
   {"cmdAutoFactor", On(kPanelExpression), "Factor",
    "Factor the expression (right click to also factor the LCM out of denominators)",
    {"factor", "factor the expression"}, {"factor-lcm", "factor, the LCM out of denominators too"},

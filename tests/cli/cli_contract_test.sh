@@ -76,8 +76,8 @@ check "an unknown command exits 3" 3 "" \
 check "a command whose button is on another panel exits 3" 3 "" \
   "The command \"left\" is not on offer now: its button is on the Equation panel." "x" left
 check "a command still to come exits 3" 3 "" \
-  "The command \"expand\" is not available yet: its part of the tutor has not been built." \
-  "x+x" expand
+  "The command \"complete-square\" is not available yet: its part of the tutor has not been built." \
+  "x+x" complete-square
 check "simplify shows its steps in a stream" 0 "Consider  the expression  x + x
 Simplify the sum x + x by:
    - combining like terms x + x  →  2x .
@@ -86,6 +86,33 @@ Simplify the sum x + x by:
     2x
 
 There is nothing to simplify." "" "x+x" simplify
+
+check "expand shows its steps in a stream" 0 "Consider  the expression  (x + 1)(x + 2)
+Expand as x(x + 2) + (x + 2) ,
+
+. . . and simplify.
+
+    x + x(x + 2) + 2
+
+Expand as x + xx + x·2 + 2 ,
+
+. . . and simplify.
+
+    x² + 3x + 2
+
+There is nothing to expand." "" "(x+1)(x+2)" expand
+check "expand with nothing to expand tells the simplification in a hint" 0 \
+  "Consider  the expression  x + x
+Hint:
+Note:  The expression can be simplified like this:
+
+x + x  →  2x
+
+There is nothing to expand." "" "x+x" expand
+check "expand with the result only on the right side" 0 "Consider  the equation  y = 3(x − 2)
+Expanding on the right side of the equation yields
+
+    y = 3x − 6" "" --set "Solve detail=0" "y=3(x-2)" right expand
 
 check "a control character is shown, never sent to the terminal" 2 "" \
   "Error in input string.  The character  ^[  is not allowed." "$(printf 'x\033')"
@@ -113,6 +140,18 @@ contains "json of a refused item" "$json" '"kind": null' \
 json=$("$cli" --json --set "Streaming output=False" --set "Solve detail=0" "x" 2>/dev/null)
 contains "json shows the options in the status panels" "$json" '"status": ["show result only "'
 
+json=$("$cli" --json "y=1/(x*(x+1))" right expand-denominators 2>/dev/null)
+contains "json of expand-denominators on the right side" "$json" '"panel": "Right Side"' \
+  '"left": "y"' '"right": "1/(x^2+x)"' 'Expand as @1/(x*x+x)@ ,' '"help": 76' '"hints": []' \
+  '"error": null'
+json=$("$cli" --json "x+x=4" left expand 2>/dev/null)
+contains "json of a note that the left side only simplifies" "$json" '"left": "x+x"' \
+  '"transcript": "\nConsider  the equation  @x+x=4@  \n"' \
+  '"hints": ["Note:  The expression can be simplified like this:\n\n@x+x->2*x@  \n\nThere is nothing to expand.\n"]'
+json=$("$cli" --json "1/(x*(x+1))" expand 2>/dev/null)
+contains "json of expand leaving a denominator as it is" "$json" '"left": "1/(x*(x+1))"' \
+  'There is nothing to expand.'
+
 # Batch.
 printf '2x+3=7\tleft equation\n\n1/2+1/3\n(x]\n' > "$work/batch.txt"
 out=$("$cli" --batch "$work/batch.txt" 2>"$work/err")
@@ -131,9 +170,9 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: left, right" "[Left Side] commands: simplify, brackets, evaluate, equation" \
+  "[Equation] commands: left, right" "[Left Side] commands: simplify, expand, expand-denominators, brackets, evaluate, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
-out=$(printf 'x+x\nexpand\nquit\n' | "$cli" 2>"$work/err")
+out=$(printf 'x+x\ncomplete-square\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"
 

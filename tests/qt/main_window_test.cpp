@@ -341,6 +341,49 @@ class MainWindowTest : public QObject {
     ShowHint(*session_, "Divide by @2@");
   }
 
+  void ExpandButtonMultipliesOutOneStepAPress() {
+    window_->EquationBox()->setEditText(QStringLiteral("(x+1)^2"));
+    window_->LoadTyped(false);
+    QVERIFY(window_->Button("cmdExpand")->isEnabled());
+    QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
+    const QString first = window_->WorkSpace()->HiddenText();
+    QVERIFY(first.contains(
+        QStringLiteral("In order to expand this, first express it as @(x+1)*(x+1)@ .")));
+    QVERIFY(!first.contains(QStringLiteral("@x^2+2*x+1@")));
+    while (!window_->WorkSpace()->HiddenText().contains(QStringLiteral("nothing to expand"))) {
+      QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
+    }
+    QVERIFY(window_->WorkSpace()->HiddenText().contains(QStringLiteral("@x^2+2*x+1@")));
+    QCOMPARE(QString::fromStdString(session_->Pool[kLeftRoot].Text), QStringLiteral("x^2+2*x+1"));
+  }
+
+  void RightClickOnExpandExpandsADenominatorToo() {
+    window_->EquationBox()->setEditText(QStringLiteral("1/x/(x+1)"));
+    window_->LoadTyped(false);
+    QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
+    QVERIFY(
+        window_->WorkSpace()->HiddenText().contains(QStringLiteral("There is nothing to expand.")));
+    QTest::mousePress(window_->Button("cmdExpand"), Qt::RightButton);
+    QCOMPARE(QString::fromStdString(session_->Pool[kLeftRoot].Text), QStringLiteral("1/(x^2+x)"));
+  }
+
+  void ExpandTellsASimplificationInAHintBox() {
+    QString hint;
+    WhenModal([&hint](QWidget* modal) {
+      auto* view = modal->findChild<WorkSpaceView*>();
+      hint = view != nullptr ? view->HiddenText() : QString();
+      QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    window_->EquationBox()->setEditText(QStringLiteral("x+x"));
+    window_->LoadTyped(false);
+    const QString before = window_->WorkSpace()->HiddenText();
+    QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
+    QCOMPARE(hint, QStringLiteral("Note:  The expression can be simplified like this:\n\n"
+                                  "@x+x->2*x@  \n\nThere is nothing to expand.\n"));
+    QCOMPARE(window_->WorkSpace()->HiddenText(), before);
+    QCOMPARE(QString::fromStdString(session_->Pool[kLeftRoot].Text), QStringLiteral("x+x"));
+  }
+
   void MathematicsSitsOnTheBaselineOfTheText() {
     WorkSpaceView* view = window_->WorkSpace();
     view->Clear();

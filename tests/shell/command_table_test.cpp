@@ -137,5 +137,46 @@ TEST_F(CommandFrame, BracketsRunInTheFrameAndReportTheirDiagnostics) {
   EXPECT_FALSE(s.Form.diagnostics.empty());
 }
 
+// A command that found nothing of its own but simplified the side on the way, as Factor does.
+bool SimplifiesButFindsNothing(Session& s, NodeIdx side) {
+  const std::string input = s.Pool[side].Text;
+  FreeChildren(s, side);
+  LoadSide(s, side, "2*x");
+  TellSimplifiedInstead(s, side, input, "2*x",
+                        SimplifiedInsteadNote(input, "2*x", "There is nothing to factor."));
+  return false;
+}
+
+TEST_F(CommandFrame, ANoteOfASimplificationTakesThePlaceOfTheResultSentence) {
+  std::string error;
+  PressButton(s, "cmdDoLHS", false, error);
+  const std::string before = frontend.Transcript();
+  RunExpressionCommand(s, *FindExpressionCommand("cmdAutoFactor"), &SimplifiesButFindsNothing);
+  ASSERT_EQ(frontend.hints.size(), 1u);
+  EXPECT_EQ(frontend.hints[0],
+            "Note:  The expression can be simplified like this:\n\n@x+x->2*x@  \n\nThere is "
+            "nothing to factor.\n");
+  EXPECT_EQ(frontend.Transcript(), before);
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "x+x");
+  EXPECT_EQ(s.Pool[kRightRoot].Text, "(y)");
+}
+
+TEST_F(CommandFrame, TheNextCommandWritesItsResultSentenceAgain) {
+  std::string error;
+  PressButton(s, "cmdDoLHS", false, error);
+  RunExpressionCommand(s, *FindExpressionCommand("cmdAutoFactor"), &SimplifiesButFindsNothing);
+  RunExpressionCommand(s, *FindExpressionCommand("cmdAutoFactor"),
+                       [](Session&, NodeIdx) { return false; });
+  EXPECT_NE(frontend.Transcript().find("There is nothing to factor on the left side of the "
+                                       "equation."),
+            std::string::npos);
+}
+
+TEST(SimplifiedInsteadNote, NamesTheFormsAndTheCommandsOwnSentence) {
+  EXPECT_EQ(SimplifiedInsteadNote("x+x", "2*x", "There is nothing to expand."),
+            "Note:  The expression can be simplified like this:||@x+x->2*x@  ||There is nothing "
+            "to expand.");
+}
+
 }  // namespace
 }  // namespace tavimor

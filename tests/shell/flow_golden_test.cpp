@@ -2,12 +2,13 @@
 // "do:" lines say, and holds the exact work space (pictures as @mathematics@), the message boxes,
 // hints and pauses, and the state of the form after it.
 //
-// "do:" lines: a button word (left, right, equation, simplify, brackets), "click N" on a status
-// panel, "answer
-// continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2" (the values
-// given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..." to
-// run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
-// "step MESSAGE TEXT" (one step shown), "nothing", "error NUMBER|divide|overflow", "pause".
+// "do:" lines: a button word (left, right, equation, simplify, brackets, or any word of the
+// terminal tutor, such as expand-denominators for the right button), "click N" on a status
+// panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
+// (the values given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..."
+// to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
+// "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
+// (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause".
 // TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
 #include <gtest/gtest.h>
 
@@ -19,6 +20,7 @@
 #include "core/input_split.h"
 #include "core/node_pool.h"
 #include "core/validate.h"
+#include "manipulate/expand.h"
 #include "present/work_space.h"
 #include "shell/buttons.h"
 #include "shell/command_frame.h"
@@ -50,6 +52,20 @@ SideEngine TestEngine(const std::string& kind, const std::string& rest) {
     const std::string text = rest.substr(blank + 1);
     return [message, text](Session& s, NodeIdx side) {
       s.Message = message;
+      Replace(s, side, text);
+      ShowStep(s, side);
+      return true;
+    };
+  }
+  if (kind == "distribution" || kind == "theorem") {
+    // The narration of Expand from a step record of the test's own: "TEXT <- RECORD", for the
+    // forms that a press reaches only when rewrites were counted before a shown step.
+    const std::size_t arrow = rest.find(" <- ");
+    const std::string text = rest.substr(0, arrow);
+    const std::string record = rest.substr(arrow + 4);
+    const bool distribution = kind == "distribution";
+    return [text, record, distribution](Session& s, NodeIdx side) {
+      s.Message = distribution ? DistributionStepMessage(record) : TheoremStepMessage(record);
       Replace(s, side, text);
       ShowStep(s, side);
       return true;
@@ -122,6 +138,8 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     const ExpressionCommand* command = FindExpressionCommand(button);
     ASSERT_NE(command, nullptr) << button;
     RunExpressionCommand(s, *command, TestEngine(kind, argument));
+  } else if (const CommandWord* word = FindCommandWord(verb); word != nullptr) {
+    PressButton(s, word->button, word->right_button, error);
   } else {
     FAIL() << "unknown do: " << line;
   }
