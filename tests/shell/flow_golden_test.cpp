@@ -2,13 +2,13 @@
 // "do:" lines say, and holds the exact work space (pictures as @mathematics@), the message boxes,
 // hints and pauses, and the state of the form after it.
 //
-// "do:" lines: a button word (left, right, equation, simplify, brackets), "click N" on a status
-// panel, "answer
-// continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2" (the values
-// given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..." to
-// run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
-// "step MESSAGE TEXT" (one step shown), "nothing", "error NUMBER|divide|overflow", "pause".
-// TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
+// "do:" lines: a button word (left, right, equation, simplify, factor, factor-lcm, brackets),
+// "click N" on a status panel, "answer continue|escape|help|right-yes|right-no" for the next pause,
+// "evaluate V1; V2" (the values given to the letters asked for, or "evaluate cancel"), and "engine
+// BUTTON KIND ..." to run a command's frame with an engine of the test's own: "change TEXT" (the
+// side becomes TEXT), "step MESSAGE TEXT" (one step shown), "nothing", "error
+// NUMBER|divide|overflow", "pause". TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for
+// review in a diff.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -87,6 +87,10 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     PressButton(s, "cmdShowEqnFrame", false, error);
   } else if (verb == "simplify") {
     PressButton(s, "cmdSimplify", false, error);
+  } else if (verb == "factor") {
+    PressButton(s, "cmdAutoFactor", false, error);
+  } else if (verb == "factor-lcm") {
+    PressButton(s, "cmdAutoFactor", true, error);
   } else if (verb == "brackets") {
     PressButton(s, "cmdBrackets", false, error);
   } else if (verb == "evaluate") {
