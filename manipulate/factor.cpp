@@ -176,7 +176,7 @@ std::string NothingToFactorNote(const std::string& input, const std::string& sim
 
 bool FactorSide(Session& s, NodeIdx side, bool lcm) {
   // "Show all details" does not run the engine at all.
-  if (s.SolveDetail >= 2) return false;
+  if (s.DetailNow >= 2) return false;
   const std::string mode = std::string(lcm ? "1" : "2") + (s.DetailNow >= 1 ? "1" : "0");
   const std::string input = s.Pool[side].Text;
   std::string text = input;
@@ -202,6 +202,7 @@ bool FactorSide(Session& s, NodeIdx side, bool lcm) {
     ShowStep(s, side);
     WorkSpaceSink box(s);
     WriteRule(s, box, kHelpColour);
+    WriteText(s, box, "", 0, 2, "FFF0");
   }
   return true;
 }

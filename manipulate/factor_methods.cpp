@@ -277,8 +277,9 @@ bool FactorSquares(Session& s, const std::string& part, FactorFinding& found) {
       Squared(s, *a) + (sum ? "+" : "-") + Squared(s, *b) + "=" + factors;
   std::string simplified = SimplifyText(s, factors);
   found.code = sum ? kMethodSumOfSquares : kMethodDifferenceOfSquares;
-  found.factored = minus ? "-(" + simplified + ")" : simplified;
-  found.values = {minus ? "1" : "0", inner, *a, *b, formula_read, factors, simplified};
+  found.factored = minus ? "-" + simplified : simplified;
+  found.values = {minus ? "1" : "0", inner,   *a,         *b,
+                  formula_read,      factors, simplified, ImagUnitText(s)};
   return true;
 }
 
@@ -300,8 +301,8 @@ bool FactorCubes(Session& s, const std::string& part, FactorFinding& found) {
   const std::string formula_read = Cubed(s, *a) + sign + Cubed(s, *b) + "=" + factors;
   const std::string simplified = SimplifyText(s, factors);
   found.code = sum ? kMethodSumOfCubes : kMethodDifferenceOfCubes;
-  found.factored = minus ? "-(" + simplified + ")" : simplified;
-  found.values = {minus ? "1" : "0", inner, *a, *b, formula_read, factors, simplified};
+  found.factored = minus ? "-" + simplified : simplified;
+  found.values = {minus ? "1" : "0", inner, *a, *b, formula_read, factors, simplified, ""};
   return true;
 }
 
@@ -366,7 +367,7 @@ bool FactorGrouping(Session& s, const std::string& part, FactorFinding& found) {
     const std::string tidy = JoinTerms({GroupText(s, f1, b1), GroupText(s, f2, b1)});
     const std::string outside = JoinTerms({f1, f2});
     found.code = kMethodGrouping;
-    found.factored = "(" + outside + ")*(" + b1 + ")";
+    found.factored = "(" + b1 + ")*(" + outside + ")";
     found.values = {arranged == part ? "" : arranged, first_done, both_done,
                     tidy == both_done ? "" : tidy, found.factored};
     return true;
@@ -443,7 +444,7 @@ bool FactorByAlias(Session& s, const std::string& part, const std::string& mode,
     if (inner_code == kMethodNumeric) continue;
     std::string back = factored;
     ReplaceAll(back, "Q", "~");
-    ReplaceAll(back, "~", "(" + candidate + ")");
+    ReplaceAll(back, "~", BracketIfNeeded(s, candidate));
     back = RegeneratedText(s, back);
     found.code = kMethodAlias;
     found.factored = back;

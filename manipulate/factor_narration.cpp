@@ -71,7 +71,7 @@ std::string PowerFormulaLines(int code, const std::vector<std::string>& v) {
   if (cubes) {
     formula = sum ? "a^3+b^3=(a+b)*(a^2-a*b+b^2)" : "a^3-b^3=(a-b)*(a^2+a*b+b^2)";
   } else {
-    formula = sum ? "a^2+b^2=(a+b*i)*(a-b*i)" : "a^2-b^2=(a+b)*(a-b)";
+    formula = sum ? "a^2+b^2=(a+b*" + v[7] + ")*(a-b*" + v[7] + ")" : "a^2-b^2=(a+b)*(a-b)";
   }
   std::string text;
   if (minus) {
@@ -84,7 +84,7 @@ std::string PowerFormulaLines(int code, const std::vector<std::string>& v) {
   text += "   - This causes the " + name + " formula to read " + Math(v[4]) +
           " .  The right side of the formula gives the factored form.\\|";
   if (v[6] != v[5]) text += "   - Simplify: " + Math(v[6]) + kEnd;
-  if (minus) text += "   - Now remember the minus sign " + Math("-(" + v[6] + ")") + kEnd;
+  if (minus) text += "   - Now remember the minus sign " + Math("-" + v[6]) + kEnd;
   return text;
 }
 

@@ -13,10 +13,7 @@ namespace tavimor {
 namespace {
 
 constexpr int kLargestDenominator = 12;
-
-bool Near(double x, double y) {
-  return std::fabs(x - y) < kRootEpsilon * std::max(1.0, std::fabs(y));
-}
+constexpr double kCandidateTolerance = 1e-4;
 
 std::string Whole(double x) { return std::to_string(static_cast<long long>(std::llround(x))); }
 
@@ -74,7 +71,8 @@ bool FactorPolynomial(Session& s, const std::string& part, FactorFinding& found)
       if (std::fabs(root.imag()) > kRootEpsilon) continue;
       for (long long q = 1; q <= kLargestDenominator; ++q) {
         const double scaled = root.real() * static_cast<double>(q);
-        if (Near(scaled, std::round(scaled)) &&
+        // A repeated root comes out only to about half the digits: the candidate is tested exactly.
+        if (std::fabs(scaled - std::round(scaled)) < kCandidateTolerance &&
             std::fabs(EvaluateCleaned(p, std::round(scaled) / static_cast<double>(q))) <
                 kRootEpsilon) {
           rational.emplace_back(std::llround(scaled), q);

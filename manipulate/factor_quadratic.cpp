@@ -119,8 +119,8 @@ std::string Times(Session& s, const std::string& x, const std::string& y) {
 // a*x^2+b*x+c written out with the terms that are there.
 std::string StandardForm(Session& s, const std::string& x, const std::string& a,
                          const std::string& b, const std::string& c) {
-  std::vector<std::string> terms{Times(s, a, BaseText(s, x) + "^2")};
-  if (b != "0") terms.push_back(Times(s, b, x));
+  std::vector<std::string> terms{SimplifyText(s, Times(s, a, BaseText(s, x) + "^2"))};
+  if (b != "0") terms.push_back(SimplifyText(s, Times(s, b, x)));
   if (c != "0") terms.push_back(c);
   return JoinTerms(terms);
 }
@@ -173,8 +173,8 @@ bool PerfectSquareForm(Session& s, const std::string& part, const std::string& x
 // (x+r)*(x+s) with r+s = b and r*s = c   help 223
 void SumProductForm(const std::string& x, long long b, long long c, long long d, long long root,
                     const std::string& discriminant, FactorFinding& found) {
-  const long long r = (b + root) / 2;
-  const long long t = (b - root) / 2;
+  const long long r = (b - root) / 2;
+  const long long t = (b + root) / 2;
   const std::string rt = std::to_string(r);
   const std::string tt = std::to_string(t);
   found.code = kMethodSumProduct;
@@ -199,17 +199,23 @@ bool GroupingForm(Session& s, const std::string& x, long long a, long long b, lo
   auto group = [&](const std::string& text, FactorFinding& f) {
     const std::string simplified = SimplifyText(s, text);
     if (FactorCommon(s, simplified, 2, f)) return;
-    f.values = {"1"};
-    f.factored = "(" + simplified + ")";
+    // Only a minus sign to take out: -(x-1).
+    const bool minus = simplified.rfind("-", 0) == 0;
+    f.values = {minus ? "-1" : "1"};
+    f.factored = minus ? "-(" + Negated(s, simplified) + ")" : "(" + simplified + ")";
   };
   auto bracket = [](const FactorFinding& f) {
-    return f.values[0] == "1" ? f.factored : f.factored.substr(f.values[0].size() + 1);
+    if (f.values[0] == "1") return f.factored;
+    if (f.values[0] == "-1") return f.factored.substr(1);
+    return f.factored.substr(f.values[0].size() + 1);
   };
   for (const long long r : {(b + root) / 2, (b - root) / 2}) {
     const long long t = b - r;
-    const std::string first =
-        JoinTerms({Times(s, std::to_string(a), square), Times(s, std::to_string(r), x)});
-    const std::string second = JoinTerms({Times(s, std::to_string(t), x), std::to_string(c)});
+    auto term = [&](long long k, const std::string& power) {
+      return SimplifyText(s, Times(s, std::to_string(k), power));
+    };
+    const std::string first = JoinTerms({term(a, square), term(r, x)});
+    const std::string second = JoinTerms({term(t, x), std::to_string(c)});
     FactorFinding f1;
     FactorFinding f2;
     group(first, f1);
@@ -218,7 +224,7 @@ bool GroupingForm(Session& s, const std::string& x, long long a, long long b, lo
     if (f1.values[0] == "1" || b1 != bracket(f2)) continue;
     const std::string split = JoinTerms({first, second});
     found.code = kMethodQuadraticGrouping;
-    found.factored = "(" + JoinTerms({f1.values[0], f2.values[0]}) + ")*" + b1;
+    found.factored = b1 + "*(" + JoinTerms({f1.values[0], f2.values[0]}) + ")";
     found.values = {discriminant,
                     std::to_string(d),
                     std::to_string(root),
@@ -262,10 +268,11 @@ bool CompletedSquareRoute(Session& s, const std::string& part, const std::string
   }
   const std::string shifted = Shifted(x, h);
   const std::string plus = JoinTerms({shifted, k});
-  const std::string minus = shifted + "-" + BracketIfNeeded(s, k);
+  const std::string minus = JoinTerms({shifted, Negated(s, k)});
   const std::string factors = "(" + plus + ")*(" + minus + ")";
   const std::string standard = StandardForm(s, x, a, b, c);
-  const std::string with_q = JoinTerms({quadratic, q, "-" + BracketIfNeeded(s, q), small});
+  const std::string less_q = "-" + q;
+  const std::string with_q = JoinTerms({quadratic, q, less_q, small});
   found.code = discriminant > 0 ? kMethodCompletedSquareReal : kMethodCompletedSquareImaginary;
   found.factored = leading ? wrap(factors) : factors;
   found.values = {

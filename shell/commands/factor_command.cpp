@@ -11,16 +11,21 @@ std::string cmdAutoFactor(Session& s, bool right_button) {
   const ExpressionCommand& command = *FindExpressionCommand("cmdAutoFactor");
   bool changed = false;
   bool narrated = false;
+  bool noted = false;
   return RunCommandFrame(
       s, command.error,
       [&](NodeIdx side) {
         s.DetailNow = s.SolveDetailDefault;
+        const std::string before = s.Pool[side].Text;
         changed = FactorSide(s, side, right_button);
         narrated = changed && s.DetailNow >= 1;
+        // Nothing factored but the side simplified: the note has said so instead.
+        noted = !changed && s.Pool[side].Text != before;
       },
       [&] {
         // A narrated factoring ends with its own result: one factoring per press.
-        if (!narrated) ShowResult(s, ResultPhrases(command.verb, command.nothing), changed);
+        if (!narrated && !noted)
+          ShowResult(s, ResultPhrases(command.verb, command.nothing), changed);
       });
 }
 
