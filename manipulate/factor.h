@@ -97,6 +97,10 @@ bool FactorPolynomial(Session& s, const std::string& part, FactorFinding& found)
 bool QuadraticCoefficients(Session& s, const std::string& text, std::string& letter, std::string& a,
                            std::string& b, std::string& c);
 
+// A quadratic whose discriminant is 0 as a*(x+h)^2, the leading factor kept outside the
+// brackets ("(x+h)^2" when it is 1); false for anything else.
+bool PerfectSquareOfQuadratic(Session& s, const std::string& text, std::string& square);
+
 // The "   - ..." lines of a factoring, with the opening for the side (0 expression, 1 left,
 // 2 right) and the closing line; starts with the help number and "#".
 std::string NarrateFactoring(int side, const std::string& record);

@@ -352,4 +352,16 @@ bool FactorQuadratic(Session& s, const std::string& part, FactorFinding& found) 
   return GroupingForm(s, x, av, bv, cv, dv, root, shown, found);
 }
 
+bool PerfectSquareOfQuadratic(Session& s, const std::string& text, std::string& square) {
+  std::string x;
+  std::string a;
+  std::string b;
+  std::string c;
+  if (!QuadraticCoefficients(s, text, x, a, b, c) || b == "0") return false;
+  if (ExpandedText(s, "(" + b + ")*(" + b + ")-4*(" + a + ")*(" + c + ")") != "0") return false;
+  const std::string h = SimplifyText(s, "(" + b + ")/(2*(" + a + "))");
+  square = Times(s, a, "(" + Shifted(x, h) + ")^2");
+  return true;
+}
+
 }  // namespace tavimor

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 
+#include "core/pieces.h"
 #include "manipulate/factor.h"
 #include "support/session_fixture.h"
 
@@ -100,8 +101,25 @@ TEST_F(Factoring, SquaresOfFunctions) {
 }
 
 TEST_F(Factoring, ArgumentOfSquareRoot) {
-  EXPECT_EQ(Factor("sqrt(x^2+2*x+1)"), "sqrt((x+1)^2)");
+  // The silent simplification afterwards gives each factor its own root.
+  EXPECT_EQ(Factor("sqrt(x^2-4)"), "sqrt(x+2)*sqrt(x-2)");
+  EXPECT_EQ(FactorRecordField(record, CountPieces(record, kFactorRecordSeparator) - 1),
+            "sqrt((x+2)*(x-2))");
   EXPECT_EQ(Place(), kPlaceRootArgument);
+}
+
+TEST_F(Factoring, PerfectSquareUnderARootIsTakenByTheFirstSimplification) {
+  EXPECT_EQ(Factor("sqrt(x^2+2*x+1)"), "");
+  EXPECT_EQ(FactorRecordField(record, 1), "sqrt((x+1)^2)");
+}
+
+TEST_F(Factoring, PerfectSquareOfQuadraticKeepsTheLeadingFactorOutside) {
+  std::string square;
+  ASSERT_TRUE(PerfectSquareOfQuadratic(s, "4*x^2-12*x+9", square));
+  EXPECT_EQ(square, "4*(x-3/2)^2");
+  EXPECT_TRUE(PerfectSquareOfQuadratic(s, "x^2+2*x*y+y^2", square));
+  EXPECT_EQ(square, "(x+y)^2");
+  EXPECT_FALSE(PerfectSquareOfQuadratic(s, "x^2+1", square));
 }
 
 TEST_F(Factoring, BaseOfPower) {

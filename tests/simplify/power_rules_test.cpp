@@ -100,6 +100,15 @@ TEST_F(Powers, SquareOfASquareRootCancels) {
             "62#Simplify using the fact that the square and square root cancel: @sqrt(x)^2=x@ .");
 }
 
+TEST_F(Powers, PerfectSquareUnderARootIsFactoredFirst) {
+  EXPECT_EQ(OnePass("sqrt(x^2+2*x+1)", 7), "sqrt((x+1)^2)");
+  EXPECT_EQ(s.Message,
+            "97#The radical @sqrt(x^2+2*x+1)@ can be simplified by first factoring its contents "
+            "like this:");
+  EXPECT_EQ(OnePass("sqrt(x^2+1)", 7), "sqrt(x^2+1)");
+  EXPECT_FALSE(fired);
+}
+
 TEST_F(Powers, OtherPowerOfASquareRootHalvesTheExponent) {
   EXPECT_EQ(OnePass("sqrt(x)^3", 6), "x^(3/2)");
   EXPECT_EQ(s.Message, "68#Simplify using the property of radicals that @sqrt(x)^3=x^(3/2)@ .");
