@@ -393,8 +393,14 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
   }
 }
 
-// Functions and powers of the part, each once, in the order met.
-void AliasCandidates(Session& s, NodeIdx n, std::vector<std::string>& found) {
+// A quantity that may take the alias, and how its square is written.
+struct AliasCandidate {
+  std::string text;
+  std::string square;
+};
+
+// Functions of the part and exponentials base^x, each once, in the order met.
+void AliasCandidates(Session& s, NodeIdx n, std::vector<AliasCandidate>& found) {
   std::vector<NodeIdx> stack{n};
   WalkGuard guard;
   while (!stack.empty()) {
@@ -402,16 +408,23 @@ void AliasCandidates(Session& s, NodeIdx n, std::vector<std::string>& found) {
     const NodeIdx at = stack.back();
     stack.pop_back();
     const ExprNode& node = s.Pool[at];
-    std::string candidate;
-    if (node.Kind == kKindFunction) candidate = node.Text;
+    AliasCandidate candidate;
+    if (node.Kind == kKindFunction) candidate = {node.Text, node.Text + "^2"};
     if (node.Kind == kKindPower) {
-      const ExprNode& base = s.Pool[s.Pool[node.FirstChild].Next];
-      if (base.Kind == kKindFunction) candidate = base.Text;
+      const ExprNode& exponent = s.Pool[node.FirstChild];
+      const ExprNode& base = s.Pool[exponent.Next];
+      if (base.Kind == kKindFunction) {
+        candidate = {base.Text, base.Text + "^2"};
+      } else if (!IsNumericText(s, ContentText(exponent)) && !IsConstantLetter(s, node.Text)) {
+        // b^x, met as b^(2*x) too.
+        candidate = {node.Text, SimplifyText(s, BaseText(s, base.Text) + "^(2*(" +
+                                                    ContentText(exponent) + "))")};
+      }
     }
-    if (!candidate.empty() && !IsConstantLetter(s, candidate) &&
-        std::find(found.begin(), found.end(), candidate) == found.end()) {
-      found.push_back(candidate);
-    }
+    const bool known = std::any_of(found.begin(), found.end(), [&](const AliasCandidate& c) {
+      return c.text == candidate.text;
+    });
+    if (!candidate.text.empty() && !known) found.push_back(candidate);
     for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) stack.push_back(c);
   }
 }
@@ -422,18 +435,17 @@ void AliasCandidates(Session& s, NodeIdx n, std::vector<std::string>& found) {
 bool FactorByAlias(Session& s, const std::string& part, const std::string& mode,
                    FactorFinding& found) {
   if (part.find('Q') != std::string::npos || part.find('~') != std::string::npos) return false;
-  std::vector<std::string> candidates;
+  std::vector<AliasCandidate> candidates;
   {
     TempTree tree(s, part, TempTree::Depth::Whole);
     AliasCandidates(s, tree.Root(), candidates);
   }
-  for (const std::string& candidate : candidates) {
-    const std::string squared = candidate + "^2";
-    if (part.find(squared) == std::string::npos) continue;
-    std::string plain = part;
-    ReplaceAll(plain, squared, "~");
-    if (plain.find(candidate) == std::string::npos) continue;
+  for (const AliasCandidate& alias : candidates) {
+    const std::string& candidate = alias.text;
+    if (part.find(alias.square) == std::string::npos) continue;
     std::string aliased = part;
+    ReplaceAll(aliased, alias.square, "Q^2");
+    if (aliased.find(candidate) == std::string::npos) continue;
     ReplaceAll(aliased, candidate, "Q");
     aliased = SimplifyText(s, aliased);
     std::string inner_record;

@@ -166,6 +166,17 @@ TEST_F(Factoring, AliasForARepeatedFunction) {
   EXPECT_EQ(Code(), kMethodAlias);
 }
 
+TEST_F(Factoring, AliasForAnExponential) {
+  EXPECT_EQ(Factor("e^(2*x)+3*e^x+2"), "(e^x+1)*(e^x+2)");
+  EXPECT_EQ(Code(), kMethodAlias);
+  EXPECT_EQ(FactorRecordValues(record)[0], "e^x");
+}
+
+TEST_F(Factoring, NoAliasForAPlainPowerOfALetter) {
+  EXPECT_EQ(Factor("x^2+5*x+6"), "(x+2)*(x+3)");
+  EXPECT_EQ(Code(), kMethodSumProduct);
+}
+
 TEST_F(Factoring, NothingInALetterOrANumber) {
   EXPECT_EQ(Factor("x"), "");
   EXPECT_EQ(Factor("12"), "");
