@@ -332,10 +332,11 @@ void FactorGroup(Session& s, const std::string& group, std::string& factor, std:
   }
 }
 
-std::string GroupText(Session& s, const std::string& factor, const std::string& bracket) {
+// The factor of a common-factor result is a product with its sign in front: no brackets needed.
+std::string GroupText(const std::string& factor, const std::string& bracket) {
   if (factor == "1") return "(" + bracket + ")";
   if (factor == "-1") return "-(" + bracket + ")";
-  return BracketIfNeeded(s, factor) + "*(" + bracket + ")";
+  return factor + "*(" + bracket + ")";
 }
 
 }  // namespace
@@ -354,7 +355,7 @@ bool FactorGrouping(Session& s, const std::string& part, FactorFinding& found) {
     FactorGroup(s, first, f1, b1);
     FactorGroup(s, second, f2, b2);
     if (f1 == "1" && f2 == "1") continue;
-    std::string shown_second = GroupText(s, f2, b2);
+    std::string shown_second = GroupText(f2, b2);
     if (!SameBracket(s, b1, b2)) {
       const std::string negated = SimplifyText(s, "-(" + b2 + ")");
       if (!SameBracket(s, b1, negated)) continue;
@@ -362,9 +363,9 @@ bool FactorGrouping(Session& s, const std::string& part, FactorFinding& found) {
       b2 = negated;
     }
     const std::string arranged = JoinTerms({first, second});
-    const std::string first_done = JoinTerms({GroupText(s, f1, b1), second});
-    const std::string both_done = JoinTerms({GroupText(s, f1, b1), shown_second});
-    const std::string tidy = JoinTerms({GroupText(s, f1, b1), GroupText(s, f2, b1)});
+    const std::string first_done = JoinTerms({GroupText(f1, b1), second});
+    const std::string both_done = JoinTerms({GroupText(f1, b1), shown_second});
+    const std::string tidy = JoinTerms({GroupText(f1, b1), GroupText(f2, b1)});
     const std::string outside = JoinTerms({f1, f2});
     found.code = kMethodGrouping;
     found.factored = "(" + b1 + ")*(" + outside + ")";

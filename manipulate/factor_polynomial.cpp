@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kLargestDenominator = 12;
 constexpr double kCandidateTolerance = 1e-4;
+constexpr double kRepeatedRoot = 1e-5;
 
 std::string Whole(double x) { return std::to_string(static_cast<long long>(std::llround(x))); }
 
@@ -109,11 +110,22 @@ bool FactorPolynomial(Session& s, const std::string& part, FactorFinding& found)
       return true;
     }
   }
-  // Numerically: real roots linear, conjugate pairs quadratic (or linear with the unit).
+  // Numerically: real roots linear, conjugate pairs quadratic (or linear with the unit). A
+  // repeated root comes out as a few roots close together: they take one value, so that their
+  // factors are written alike and come together as a power.
+  std::vector<Complex> merged = roots;
+  for (std::size_t i = 1; i < merged.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      if (std::abs(merged[i] - merged[j]) < kRepeatedRoot * std::max(1.0, std::abs(merged[j]))) {
+        merged[i] = merged[j];
+        break;
+      }
+    }
+  }
   std::vector<std::string> factors;
   const std::string lead = GeneralNumberFormat(p[static_cast<std::size_t>(degree)], s.Dp());
   if (lead != "1") factors.push_back(lead == "-1" ? "-1" : lead);
-  for (const Complex& root : roots) {
+  for (const Complex& root : merged) {
     if (std::fabs(root.imag()) <= kRootEpsilon) {
       factors.push_back("(" + JoinTerms({x, GeneralNumberFormat(-root.real(), s.Dp())}) + ")");
     } else if (root.imag() > 0) {

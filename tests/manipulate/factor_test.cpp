@@ -95,6 +95,13 @@ TEST_F(Factoring, CubicWithoutRationalRootNumerically) {
   EXPECT_EQ(Code(), kMethodNumeric);
 }
 
+TEST_F(Factoring, RepeatedNumericRootsComeTogetherAsPowers) {
+  const std::string result = Factor("x^6+2*x^4+2*x^3+x^2+2*x+1");
+  EXPECT_EQ(Code(), kMethodNumeric);
+  EXPECT_EQ(result.find("*(x+"), std::string::npos) << result;
+  EXPECT_NE(result.find(")^2*(x^2"), std::string::npos) << result;
+}
+
 TEST_F(Factoring, SquaresOfFunctions) {
   EXPECT_NE(Factor("sin(x)^2-cos(x)^2"), "");
   EXPECT_EQ(Code(), kMethodDifferenceOfSquares);
