@@ -44,6 +44,10 @@ std::string JoinTerms(const std::vector<std::string>& terms) {
   return sum;
 }
 
+std::string InProductOrder(const std::string& first, const std::string& second) {
+  return second < first ? second + "*" + first : first + "*" + second;
+}
+
 namespace {
 
 // A factor of a term other than its number: its base and exponent, a denominator's negated.
@@ -368,7 +372,7 @@ bool FactorGrouping(Session& s, const std::string& part, FactorFinding& found) {
     const std::string tidy = JoinTerms({GroupText(f1, b1), GroupText(f2, b1)});
     const std::string outside = JoinTerms({f1, f2});
     found.code = kMethodGrouping;
-    found.factored = "(" + b1 + ")*(" + outside + ")";
+    found.factored = InProductOrder("(" + b1 + ")", "(" + outside + ")");
     found.values = {arranged == part ? "" : arranged, first_done, both_done,
                     tidy == both_done ? "" : tidy, found.factored};
     return true;

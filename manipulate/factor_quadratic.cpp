@@ -175,8 +175,10 @@ void SumProductForm(const std::string& x, long long b, long long c, long long d,
                     const std::string& discriminant, FactorFinding& found) {
   const long long r = (b - root) / 2;
   const long long t = (b + root) / 2;
-  const std::string rt = std::to_string(r);
-  const std::string tt = std::to_string(t);
+  std::string rt = std::to_string(r);
+  std::string tt = std::to_string(t);
+  // The factors in the order the product is kept in.
+  if ("(" + Shifted(x, tt) + ")" < "(" + Shifted(x, rt) + ")") std::swap(rt, tt);
   found.code = kMethodSumProduct;
   found.factored = "(" + Shifted(x, rt) + ")*(" + Shifted(x, tt) + ")";
   found.values = {discriminant,
@@ -224,7 +226,7 @@ bool GroupingForm(Session& s, const std::string& x, long long a, long long b, lo
     if (f1.values[0] == "1" || b1 != bracket(f2)) continue;
     const std::string split = JoinTerms({first, second});
     found.code = kMethodQuadraticGrouping;
-    found.factored = b1 + "*(" + JoinTerms({f1.values[0], f2.values[0]}) + ")";
+    found.factored = InProductOrder(b1, "(" + JoinTerms({f1.values[0], f2.values[0]}) + ")");
     found.values = {discriminant,
                     std::to_string(d),
                     std::to_string(root),
