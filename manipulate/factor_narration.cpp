@@ -245,7 +245,7 @@ std::string NarrateFactoring(int side, const std::string& record) {
                                               "The right side of the equation"};
   const std::string subject = kSubjects[side < 0 || side > 2 ? 0 : side];
   std::string text = std::to_string(code) + "#";
-  if (code == kMethodNumeric) {
+  if (code == kMethodNumeric && place == kPlaceWhole) {
     return text + subject +
            " is a polynomial that can only be factored numerically.  The result is:";
   }

@@ -224,6 +224,16 @@ TEST_F(Factoring, NarrationOfANumericFactoringIsOneSentence) {
             "numerically.  The result is:");
 }
 
+TEST_F(Factoring, NumericFactoringOfAPartIsToldInSteps) {
+  Factor("y*(x^3+x+1)", "21");
+  ASSERT_EQ(Code(), kMethodNumeric);
+  const std::string text = NarrateFactoring(0, record);
+  EXPECT_EQ(text.rfind("73#This expression can be factored by following these steps:||", 0), 0u);
+  EXPECT_NE(text.find("   - Use the Laguerre numerical method find the factored form @"),
+            std::string::npos)
+      << text;
+}
+
 TEST_F(Factoring, NothingToFactorNoteOnlyWhenSimplifyingChangedIt) {
   EXPECT_EQ(NothingToFactorNote("x+x", "2*x"),
             "Note:  The expression can be simplified like this:||@x+x->2*x@  ||There is nothing "
