@@ -46,6 +46,8 @@ std::vector<SignedTerm> SignedTerms(Session& s, const std::string& text);
 std::string SignedText(const SignedTerm& term);
 // Signed texts joined into a sum: "+" before a term without its own sign.
 std::string JoinTerms(const std::vector<std::string>& terms);
+// The letters that stand for constants under the options: i and j, e, p, d.
+bool IsConstantLetter(const Session& s, const std::string& letter);
 // Two bracketed factors joined in the order the product keeps them in (by their texts).
 std::string InProductOrder(const std::string& first, const std::string& second);
 // The text expanded and simplified silently.

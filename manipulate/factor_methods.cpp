@@ -44,6 +44,14 @@ std::string JoinTerms(const std::vector<std::string>& terms) {
   return sum;
 }
 
+bool IsConstantLetter(const Session& s, const std::string& letter) {
+  if (letter == "i" || letter == "j") return s.ComplexForm > 0;
+  if (letter == "e") return s.SpecialE;
+  if (letter == "p") return s.SpecialP;
+  if (letter == "d") return s.SpecialD;
+  return false;
+}
+
 std::string InProductOrder(const std::string& first, const std::string& second) {
   return second < first ? second + "*" + first : first + "*" + second;
 }
@@ -382,15 +390,6 @@ bool FactorGrouping(Session& s, const std::string& part, FactorFinding& found) {
 
 namespace {
 
-// Letters that stand for constants under the options.
-bool IsConstantLetter(const Session& s, const std::string& letter) {
-  if (letter == "i" || letter == "j") return s.ComplexForm > 0;
-  if (letter == "e") return s.SpecialE;
-  if (letter == "p") return s.SpecialP;
-  if (letter == "d") return s.SpecialD;
-  return false;
-}
-
 void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
   for (std::size_t at = text.find(from); at != std::string::npos;
        at = text.find(from, at + to.size())) {
@@ -420,7 +419,7 @@ void AliasCandidates(Session& s, NodeIdx n, std::vector<AliasCandidate>& found) 
       const ExprNode& base = s.Pool[exponent.Next];
       if (base.Kind == kKindFunction) {
         candidate = {base.Text, base.Text + "^2"};
-      } else if (!IsNumericText(s, ContentText(exponent)) && !IsConstantLetter(s, node.Text)) {
+      } else if (!IsNumericText(s, ContentText(exponent))) {
         // b^x, met as b^(2*x) too.
         candidate = {node.Text, SimplifyText(s, BaseText(s, base.Text) + "^(2*(" +
                                                     ContentText(exponent) + "))")};

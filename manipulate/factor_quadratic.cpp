@@ -69,14 +69,6 @@ void LettersOf(Session& s, const std::string& text, std::vector<std::string>& le
   }
 }
 
-bool IsConstant(const Session& s, const std::string& letter) {
-  if (letter == "i" || letter == "j") return s.ComplexForm > 0;
-  if (letter == "e") return s.SpecialE;
-  if (letter == "p") return s.SpecialP;
-  if (letter == "d") return s.SpecialD;
-  return false;
-}
-
 bool QuadraticIn(Session& s, const std::vector<SignedTerm>& terms, const std::string& x,
                  std::string& variable, std::string& a, std::string& b, std::string& c) {
   std::vector<int> degrees;
@@ -309,7 +301,7 @@ bool QuadraticCoefficients(Session& s, const std::string& text, std::string& let
     letters.push_back(letter);
   }
   for (const std::string& x : letters) {
-    if (IsConstant(s, x)) continue;
+    if (IsConstantLetter(s, x)) continue;
     std::string variable;
     if (QuadraticIn(s, terms, x, variable, a, b, c)) {
       // The coefficients must be free of the letter.
