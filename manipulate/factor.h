@@ -111,7 +111,7 @@ std::string NarrateFactoring(int side, const std::string& record);
 
 // The Factor button on a side: one factoring, narrated when steps are shown; `lcm` is the
 // right button. When nothing is factored but simplifying changed the side, the note says so
-// and the side takes the simplified form. True if the side changed.
+// and the side takes the simplified form. True if the side was factored.
 bool FactorSide(Session& s, NodeIdx side, bool lcm);
 // The note for a side that only the first simplification changed; empty when it did not.
 std::string NothingToFactorNote(const std::string& input, const std::string& simplified);
