@@ -13,6 +13,7 @@
 #include "core/text_predicates.h"
 #include "core/tree_walk.h"
 #include "manipulate/distribute.h"
+#include "present/step_markup.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/product_rules.h"
@@ -425,8 +426,7 @@ bool ExpandSide(Session& s, NodeIdx side, bool denominators) {
 std::string NothingToExpandNote(const std::string& input, const std::string& record) {
   const std::string result = Field(record, 1);
   if (result == input || result == "Error") return "";
-  return "Note:  The expression can be simplified like this:||@" + input + "->" + result +
-         "@  ||There is nothing to expand.";
+  return SimplifiedInsteadNote(input, result, "There is nothing to expand.");
 }
 
 }  // namespace tavimor

@@ -64,4 +64,10 @@ void FindRelation(std::string& text, std::string& right, int& code) {
   code = 0;
 }
 
+std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
+                                  const std::string& closing) {
+  return "Note:  The expression can be simplified like this:||@" + input + "->" + simplified +
+         "@  ||" + closing;
+}
+
 }  // namespace tavimor

@@ -18,4 +18,10 @@ void FindBreak(const std::string& text, int& position, std::string& mark);
 // empty right side if none occurs.
 void FindRelation(std::string& text, std::string& right, int& code);
 
+// The note of a command that found nothing of its own to do on a side that the first silent
+// simplification changed, closed by the command's own sentence ("There is nothing to expand.",
+// "There is nothing to factor.").
+std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
+                                  const std::string& closing);
+
 }  // namespace tavimor

@@ -91,12 +91,6 @@ std::array<std::string, 6> ResultPhrases(const std::string& verb, const std::str
           nothing + "."};
 }
 
-std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
-                                  const std::string& closing) {
-  return "Note:  The expression can be simplified like this:||@" + input + "->" + simplified +
-         "@  ||" + closing;
-}
-
 bool TellSimplifiedInstead(Session& s, NodeIdx side, const std::string& input,
                            const std::string& simplified, const std::string& note) {
   if (simplified == input) return false;

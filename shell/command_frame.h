@@ -34,11 +34,6 @@ using SideEngine = std::function<bool(Session&, NodeIdx)>;
 std::string RunExpressionCommand(Session& s, const ExpressionCommand& command,
                                  const SideEngine& engine);
 
-// The note of a command that found nothing of its own to do on a side that the first silent
-// simplification changed, closed by the command's own sentence ("There is nothing to expand.",
-// "There is nothing to factor.").
-std::string SimplifiedInsteadNote(const std::string& input, const std::string& simplified,
-                                  const std::string& closing);
 // Puts the side back in the form that was input when the engine's first simplification left
 // `simplified` in it, and tells `note` (empty: none) in the hint box, unless the two forms are
 // set alike on paper (1/(x*(x+1)) and 1/x/(x+1)), where the note would show nothing. The frame

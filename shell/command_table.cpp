@@ -9,6 +9,7 @@
 #include "manipulate/expand.h"
 #include "shell/command_frame.h"
 #include "shell/commands/brackets_command.h"
+#include "shell/commands/factor_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -71,7 +72,7 @@ const std::vector<CommandRow> kRows = {
   {"cmdAutoFactor", On(kPanelExpression), "Factor",
    "Factor the expression (right click to also factor the LCM out of denominators)",
    {"factor", "factor the expression"}, {"factor-lcm", "factor, the LCM out of denominators too"},
-   {"Factor", "There is nothing to factor", "Factoring", "Error in Factor."}, nullptr, nullptr},
+   {"Factor", "There is nothing to factor", "Factoring", "Error in Factor."}, nullptr, cmdAutoFactor},
   {"cmd1Frac", On(kPanelExpression), "Add fractions", "Add fractions in the expression",
    {"add-fractions", "add the fractions"}, kNoWord,
    {"Add fractions", "There are no fractions to combine", "Combining fractions",

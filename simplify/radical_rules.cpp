@@ -12,6 +12,7 @@
 #include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/regenerate.h"
+#include "manipulate/factor.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
 #include "simplify/factor_texts.h"
@@ -199,6 +200,17 @@ bool SquareRootStructure(Session& s, NodeIdx& slot) {
     const std::string new_text = BaseText(s, ContentText(s.Pool[first])) + "^(1/4)";
     RewriteFunction(s, slot, new_text,
                     "96#Simplify using the rule that @" + old_text + "=" + new_text + "@ .");
+    return true;
+  }
+  // sqrt(a*x^2+b*x+c) = sqrt(a*(x+h)^2) when b^2-4*a*c = 0.
+  if (IsSumRole(s.Pool[first].Role)) {
+    std::string square;
+    if (!PerfectSquareOfQuadratic(s, ContentText(node), square)) return false;
+    const std::string new_text = SimplifyText(s, "sqrt(" + square + ")");
+    if (new_text == old_text) return false;
+    RewriteFunction(s, slot, new_text,
+                    "97#The radical @" + old_text +
+                        "@ can be simplified by first factoring its contents like this:");
     return true;
   }
   // sqrt(a*b) = sqrt(a)*sqrt(b), for a product with no fraction in it.

@@ -170,7 +170,7 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: left, right" "[Left Side] commands: simplify, expand, expand-denominators, brackets, evaluate, equation" \
+  "[Equation] commands: left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, brackets, evaluate, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
 out=$(printf 'x+x\ncomplete-square\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")

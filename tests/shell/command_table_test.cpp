@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/errors.h"
+#include "present/step_markup.h"
 #include "shell/buttons.h"
 #include "shell/command_frame.h"
 #include "shell/command_table.h"

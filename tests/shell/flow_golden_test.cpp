@@ -2,7 +2,7 @@
 // "do:" lines say, and holds the exact work space (pictures as @mathematics@), the message boxes,
 // hints and pauses, and the state of the form after it.
 //
-// "do:" lines: a button word (left, right, equation, simplify, brackets, or any word of the
+// "do:" lines: a button word (left, right, equation, simplify, factor, brackets, or any word of the
 // terminal tutor, such as expand-denominators for the right button), "click N" on a status
 // panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
 // (the values given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..."
@@ -103,6 +103,10 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     PressButton(s, "cmdShowEqnFrame", false, error);
   } else if (verb == "simplify") {
     PressButton(s, "cmdSimplify", false, error);
+  } else if (verb == "factor") {
+    PressButton(s, "cmdAutoFactor", false, error);
+  } else if (verb == "factor-lcm") {
+    PressButton(s, "cmdAutoFactor", true, error);
   } else if (verb == "brackets") {
     PressButton(s, "cmdBrackets", false, error);
   } else if (verb == "evaluate") {

@@ -69,6 +69,15 @@ TEST_F(Powers, ConstantToALogarithmSwapsWithTheArgument) {
   EXPECT_EQ(OnePass("e^ln(x)", 6), "x^ln(e)");  // e is a constant with SpecialE
 }
 
+TEST_F(Powers, PerfectSquareUnderARootIsFactoredFirst) {
+  EXPECT_EQ(OnePass("sqrt(x^2+2*x+1)", 7), "sqrt((x+1)^2)");
+  EXPECT_EQ(s.Message,
+            "97#The radical @sqrt(x^2+2*x+1)@ can be simplified by first factoring its contents "
+            "like this:");
+  EXPECT_EQ(OnePass("sqrt(x^2+1)", 7), "sqrt(x^2+1)");
+  EXPECT_FALSE(fired);
+}
+
 TEST_F(Powers, PowerOfAProductIsAProductOfPowers) {
   EXPECT_EQ(OnePass("(2*x)^3", 6), "2^3*x^3");
   EXPECT_EQ(s.Message, "63#Simplify by converting a power of products into a product of powers.");
