@@ -43,6 +43,20 @@ std::string NumberArgument(const Session& s, const ExprNode& node) {
   return IsNumberToken(s, x) ? x : "";
 }
 
+// Whether a factor is never negative for real values of its letters: a number at or above 0, an
+// even whole power, a square root, an exponential.
+bool KnownNonNegative(const Session& s, NodeIdx n) {
+  const ExprNode& node = s.Pool[n];
+  if (node.Kind == kKindNumber) return IsNumberToken(s, node.Text) && node.Text[0] != '-';
+  if (IsSquareRoot(node) || IsFunctionNamed(node, "exp")) return true;
+  if (node.Kind != kKindPower) return false;
+  const ExprNode& exponent = s.Pool[node.FirstChild];
+  const ExprNode& base = s.Pool[exponent.Next];
+  if (s.SpecialE && base.Kind == kKindVariable && base.Text == "e") return true;
+  if (exponent.Kind != kKindNumber || !IsIntegerText(s, exponent.Text)) return false;
+  return std::llabs(std::atoll(exponent.Text.c_str())) % 2 == 0;
+}
+
 }  // namespace
 
 // e^x -> exp(x) with the exponential function chosen, exp(x) -> e^x without it (help 19).
@@ -213,8 +227,15 @@ bool SquareRootStructure(Session& s, NodeIdx& slot) {
                         "@ can be simplified by first factoring its contents like this:");
     return true;
   }
-  // sqrt(a*b) = sqrt(a)*sqrt(b), for a product with no fraction in it.
+  // sqrt(a*b) = sqrt(a)*sqrt(b), for a product with no fraction in it. It holds only while at
+  // most one factor can be negative: sqrt((x+2)*(x-2)) at x = -3 is sqrt(5), but
+  // sqrt(x+2)*sqrt(x-2) there is i*sqrt(5)*i = -sqrt(5).
   if (!HoldsProduct(s, slot) || HoldsFraction(s, slot)) return false;
+  int maybe_negative = 0;
+  for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
+    if (!KnownNonNegative(s, c)) ++maybe_negative;
+  }
+  if (maybe_negative > 1) return false;
   std::string new_text;
   for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
     const std::string factor = s.Pool[c].Text == "-" ? "-1" : s.Pool[c].Text;
@@ -236,6 +257,13 @@ bool SplitFractionRoot(Session& s, NodeIdx& slot) {
       s.Pool[second].Next != kNoNode) {
     return false;
   }
+  // sqrt(a/b) = sqrt(a)/sqrt(b) fails only for a >= 0 and b < 0 (sqrt(1/(-1)) is i, but
+  // sqrt(1)/sqrt(-1) is -i): the denominator must be known not to be negative, or the numerator
+  // a negative number.
+  const ExprNode& top = s.Pool[first];
+  const bool negative_number =
+      top.Kind == kKindNumber && IsNumberToken(s, top.Text) && top.Text[0] == '-';
+  if (!KnownNonNegative(s, second) && !negative_number) return false;
   const std::string new_text =
       "sqrt(" + NormalisedText(s, first) + ")/sqrt(" + NormalisedText(s, second) + ")";
   RewriteFunction(s, slot, new_text, "94#Simplify by splitting up the square root of a fraction.");

@@ -224,9 +224,26 @@ TEST_F(Powers, SquareRootOfAProductSplits) {
 }
 
 TEST_F(Powers, SquareRootOfAFractionSplits) {
-  EXPECT_EQ(OnePass("sqrt(x/y)", 7), "sqrt(x)/sqrt(y)");
+  EXPECT_EQ(OnePass("sqrt(x/y^2)", 7), "sqrt(x)/sqrt(y^2)");
   EXPECT_EQ(s.Message, "94#Simplify by splitting up the square root of a fraction.");
-  EXPECT_EQ(Run("sqrt(sqrt(y)/z)"), "y^(1/4)/sqrt(z)");
+  EXPECT_EQ(OnePass("sqrt(-3/y)", 7), "sqrt(-3)/sqrt(y)");
+  EXPECT_EQ(Run("sqrt(sqrt(y)/z^2)"), "y^(1/4)/sqrt(z^2)");
+}
+
+TEST_F(Powers, SquareRootOfAFractionOverADenominatorOfEitherSignStaysWhole) {
+  // sqrt(1/(-1)) is i, but sqrt(1)/sqrt(-1) would be -i.
+  EXPECT_EQ(OnePass("sqrt(x/y)", 7), "sqrt(x/y)");
+  EXPECT_FALSE(fired);
+}
+
+TEST_F(Powers, SquareRootOfAProductSplitsWhileAtMostOneFactorCanBeNegative) {
+  EXPECT_EQ(OnePass("sqrt(x^2*y)", 7), "sqrt(x^2)*sqrt(y)");
+  EXPECT_EQ(OnePass("sqrt(3*y)", 7), "sqrt(3)*sqrt(y)");
+  // sqrt((x+2)*(x-2)) at x = -3 is sqrt(5); sqrt(x+2)*sqrt(x-2) there is -sqrt(5).
+  EXPECT_EQ(OnePass("sqrt((x+2)*(x-2))", 7), "sqrt((x+2)*(x-2))");
+  EXPECT_FALSE(fired);
+  EXPECT_EQ(OnePass("sqrt(x*y)", 7), "sqrt(x*y)");
+  EXPECT_FALSE(fired);
 }
 
 TEST_F(Powers, SquareRootsOfNumbersCombine) {
