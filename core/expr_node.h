@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "core/errors.h"
@@ -85,13 +87,33 @@ class WalkGuard {
 // 1000 raises the run-time error "Subscript out of range", which is also how a full pool fails.
 class NodePool {
  public:
-  NodePool() { Init(); }
+  NodePool() : records_(std::make_unique<Records>()) { Init(); }
+  NodePool(const NodePool& other) : records_(std::make_unique<Records>(*other.records_)) {
+    NodesInUse = other.NodesInUse;
+    MaxNodesInUse = other.MaxNodesInUse;
+  }
+  NodePool& operator=(const NodePool& other) {
+    if (this != &other) {
+      *records_ = *other.records_;
+      NodesInUse = other.NodesInUse;
+      MaxNodesInUse = other.MaxNodesInUse;
+    }
+    return *this;
+  }
+  ~NodePool() = default;
+
+  // Exchanges the whole contents of two pools without copying a record.
+  void Swap(NodePool& other) noexcept {
+    records_.swap(other.records_);
+    std::swap(NodesInUse, other.NodesInUse);
+    std::swap(MaxNodesInUse, other.MaxNodesInUse);
+  }
 
   // Chains all records through Prev and Next, index 1 being the head.
   void Init();
 
-  ExprNode& operator[](NodeIdx n) { return records_[Check(n)]; }
-  const ExprNode& operator[](NodeIdx n) const { return records_[Check(n)]; }
+  ExprNode& operator[](NodeIdx n) { return (*records_)[Check(n)]; }
+  const ExprNode& operator[](NodeIdx n) const { return (*records_)[Check(n)]; }
 
   std::int16_t NodesInUse = 0;
   std::int16_t MaxNodesInUse = 0;
@@ -103,7 +125,8 @@ class NodePool {
     }
     return static_cast<std::size_t>(n);
   }
-  std::array<ExprNode, kPoolSize + 1> records_{};  // record 0 is never reached
+  using Records = std::array<ExprNode, kPoolSize + 1>;  // record 0 is never reached
+  std::unique_ptr<Records> records_;  // on the heap, so that two pools swap in a moment
 };
 
 }  // namespace tavimor
