@@ -91,12 +91,14 @@ class NodePool {
   NodePool(const NodePool& other) : records_(std::make_unique<Records>(*other.records_)) {
     NodesInUse = other.NodesInUse;
     MaxNodesInUse = other.MaxNodesInUse;
+    touched_ = other.touched_;
   }
   NodePool& operator=(const NodePool& other) {
     if (this != &other) {
       *records_ = *other.records_;
       NodesInUse = other.NodesInUse;
       MaxNodesInUse = other.MaxNodesInUse;
+      touched_ = other.touched_;
     }
     return *this;
   }
@@ -107,10 +109,19 @@ class NodePool {
     records_.swap(other.records_);
     std::swap(NodesInUse, other.NodesInUse);
     std::swap(MaxNodesInUse, other.MaxNodesInUse);
+    std::swap(touched_, other.touched_);
   }
 
-  // Chains all records through Prev and Next, index 1 being the head.
+  // Chains all records through Prev and Next, index 1 being the head. Only the records written
+  // since the last Init are reset: the others are as Init leaves them.
   void Init();
+
+  // Notes that the record may have been written: Init resets it. The free list's operations call
+  // it for every record they link; every other write goes to a node taken from the free list (or
+  // to one of the fixed roots, which Init always resets).
+  void Touch(NodeIdx n) {
+    if (n > touched_) touched_ = n;
+  }
 
   ExprNode& operator[](NodeIdx n) { return (*records_)[Check(n)]; }
   const ExprNode& operator[](NodeIdx n) const { return (*records_)[Check(n)]; }
@@ -127,6 +138,7 @@ class NodePool {
   }
   using Records = std::array<ExprNode, kPoolSize + 1>;  // record 0 is never reached
   std::unique_ptr<Records> records_;  // on the heap, so that two pools swap in a moment
+  NodeIdx touched_ = kPoolSize;       // records beyond it are as Init leaves them
 };
 
 }  // namespace tavimor

@@ -1,10 +1,13 @@
 // Taking and giving back nodes, and walking the links of a family.
 #include "core/node_pool.h"
 
+#include <algorithm>
+
 namespace tavimor {
 
 void NodePool::Init() {
-  for (int i = 1; i <= kPoolSize; ++i) {
+  const int last = std::max<int>(touched_, kRightRoot);
+  for (int i = 1; i <= last; ++i) {
     // Every field as in a fresh node, reset in place so the texts keep their storage.
     ExprNode& r = (*records_)[static_cast<std::size_t>(i)];
     r.Parent = r.FirstChild = kNoNode;
@@ -16,6 +19,7 @@ void NodePool::Init() {
     r.Next = static_cast<NodeIdx>(i == kPoolSize ? 0 : i + 1);
   }
   NodesInUse = 0;
+  touched_ = kNoNode;
 }
 
 void InitNodePool(Session& s) { s.Pool.Init(); }
@@ -25,6 +29,8 @@ NodeIdx NewNode(Session& s) {
   const NodeIdx result = pool[kFreeListHead].Next;
   ExprNode& node = pool[result];  // 0 when the list is empty: the run-time error
   pool[kFreeListHead].Next = node.Next;
+  pool.Touch(result);
+  pool.Touch(node.Next);
   if (node.Next != kNoNode) pool[node.Next].Prev = kFreeListHead;
   node.Prev = kNoNode;
   node.Next = kNoNode;
@@ -37,6 +43,8 @@ void FreeNode(Session& s, NodeIdx n) {
   NodePool& pool = s.Pool;
   ExprNode& node = pool[n];
   const NodeIdx old_next = pool[kFreeListHead].Next;
+  pool.Touch(n);
+  pool.Touch(old_next);
   pool[kFreeListHead].Next = n;
   node.Prev = kFreeListHead;
   node.Next = old_next;
@@ -173,9 +181,11 @@ bool ReplayFootprint(Session& s, const PoolFootprint& footprint) {
   if (count > pool.MaxNodesInUse) pool.MaxNodesInUse = count;
   if (footprint.taken == 0) return true;
   const NodeIdx rest = pool[front.back()].Next;
+  pool.Touch(rest);
   NodeIdx previous = kFreeListHead;
   for (const std::int16_t place : footprint.order) {
     const NodeIdx n = front[static_cast<std::size_t>(place)];
+    pool.Touch(n);
     pool[previous].Next = n;
     pool[n].Prev = previous;
     previous = n;

@@ -240,3 +240,46 @@ TEST_F(PoolFootprintTest, ATreeLargerThanTheFrontSeenIsNotRecorded) {
 
 }  // namespace
 }  // namespace tavimor
+
+namespace tavimor {
+namespace {
+
+// Every field of every record, as one text.
+std::string Records(const NodePool& pool) {
+  std::string out;
+  for (NodeIdx i = 1; i <= kPoolSize; ++i) {
+    const ExprNode& r = pool[i];
+    out += std::to_string(r.Prev) + "," + std::to_string(r.Next) + "," + std::to_string(r.Parent) +
+           "," + std::to_string(r.FirstChild) + "," + r.Kind + r.Role + r.Text + "," +
+           std::to_string(r.Value.index()) + "," +
+           std::to_string(r.X + r.Y + r.Width + r.Height + r.Base + r.Scratch1 + r.Scratch2) + ";";
+  }
+  return out;
+}
+
+using PoolInitTest = SessionTest;
+
+TEST_F(PoolInitTest, InitAfterUseLeavesEveryRecordAsInAFreshPool) {
+  const std::string fresh = Records(NodePool{});
+  Load("(x+1)^2/(y-3)+sin(z)");
+  const NodeIdx a = NewNode(s);
+  s.Pool[a].Value = 2.5;
+  s.Pool[a].X = 3.0f;
+  FreeNode(s, a);
+  PoolFootprint footprint;
+  ASSERT_TRUE(RunWithFootprint(s, FreeListFront(s, 100), footprint,
+                               [&] { MakeAndFreeTree(s, "a*b*c*d*e*f*g*h"); }));
+  ASSERT_TRUE(ReplayFootprint(s, footprint));
+  InitNodePool(s);
+  EXPECT_EQ(Records(s.Pool), fresh);
+  // A pool that went up to its last record, copied and swapped, is reset whole too.
+  while (s.Pool.NodesInUse < kPoolSize - 1) s.Pool[NewNode(s)].Text = "t";
+  NodePool copy = s.Pool;
+  NodePool spare;
+  copy.Swap(spare);
+  spare.Init();
+  EXPECT_EQ(Records(spare), fresh);
+}
+
+}  // namespace
+}  // namespace tavimor
