@@ -81,11 +81,12 @@ class TextLayout {
 
 TextBlock TextLayout::Leaf(NodeIdx n) {
   const ExprNode& node = N(n);
-  std::string text = node.Text;
-  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-')
-    text = "\xE2\x88\x92" + text.substr(1);
-  if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) text = "\xCF\x80";
-  if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) text = "\xC2\xB0";
+  const std::string& text = node.Text;
+  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-') {
+    return TextBlock::Line(U"\u2212" + Utf32(text.substr(1)));
+  }
+  if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) return TextBlock::Line(U"\u03C0");
+  if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) return TextBlock::Line(U"\u00B0");
   return TextBlock::Line(Utf32(text));
 }
 
@@ -142,6 +143,7 @@ TextBlock TextLayout::Content(NodeIdx n) {
 
 TextBlock TextLayout::Sum(NodeIdx n) {
   std::vector<TextBlock> parts;
+  parts.reserve(8);
   for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
     const ExprNode& term = N(c);
     if (term.Role == kRoleMinus) {
@@ -158,6 +160,7 @@ TextBlock TextLayout::Sum(NodeIdx n) {
 
 TextBlock TextLayout::Row(const std::vector<NodeIdx>& factors) {
   std::vector<TextBlock> parts;
+  parts.reserve(2 * factors.size());
   NodeIdx previous = kNoNode;
   for (const NodeIdx c : factors) {
     if (previous != kNoNode && NeedsTimesSign(s_, previous, c))
@@ -337,9 +340,9 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
   return side;
 }
 
-TextBlock TextBlock::Line(const std::u32string& text) {
+TextBlock TextBlock::Line(std::u32string text) {
   TextBlock block;
-  block.rows.push_back(text);
+  block.rows.push_back(std::move(text));
   return block;
 }
 

@@ -18,7 +18,7 @@ struct TextBlock {
 
   int Width() const { return rows.empty() ? 0 : static_cast<int>(rows[0].size()); }
   int Height() const { return static_cast<int>(rows.size()); }
-  static TextBlock Line(const std::u32string& text);
+  static TextBlock Line(std::u32string text);
   // Blocks side by side on one baseline.
   static TextBlock Join(const std::vector<TextBlock>& blocks);
   std::vector<std::string> Utf8Rows() const;
