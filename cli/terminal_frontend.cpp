@@ -61,6 +61,13 @@ std::string ValidUtf8(const std::string& text) {
 }
 
 std::string PrintableText(const std::string& text) {
+  // Most lines are plain printable ASCII, and stay as they are.
+  if (std::all_of(text.begin(), text.end(), [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return (byte >= 0x20 && byte < 0x7F) || c == '\n' || c == '\t';
+      })) {
+    return text;
+  }
   std::string out;
   out.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {

@@ -49,6 +49,7 @@ class TerminalFrontend : public Frontend {
   void AppendToWorkSpace(const RichRun& run) override;
   void ClearWorkSpace() override;
   const FontMetrics& Metrics() override { return metrics_; }
+  bool PaintsDrawings() const override { return false; }
   PauseInput WaitButton(const std::string& tag, float x, float y) override;
   void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) override;
   void ShowHintBox(const RichText& body, int help_number) override;

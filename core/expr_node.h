@@ -3,7 +3,9 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "core/errors.h"
@@ -85,13 +87,44 @@ class WalkGuard {
 // 1000 raises the run-time error "Subscript out of range", which is also how a full pool fails.
 class NodePool {
  public:
-  NodePool() { Init(); }
+  NodePool() : records_(std::make_unique<Records>()) { Init(); }
+  NodePool(const NodePool& other) : records_(std::make_unique<Records>(*other.records_)) {
+    NodesInUse = other.NodesInUse;
+    MaxNodesInUse = other.MaxNodesInUse;
+    touched_ = other.touched_;
+  }
+  NodePool& operator=(const NodePool& other) {
+    if (this != &other) {
+      *records_ = *other.records_;
+      NodesInUse = other.NodesInUse;
+      MaxNodesInUse = other.MaxNodesInUse;
+      touched_ = other.touched_;
+    }
+    return *this;
+  }
+  ~NodePool() = default;
 
-  // Chains all records through Prev and Next, index 1 being the head.
+  // Exchanges the whole contents of two pools without copying a record.
+  void Swap(NodePool& other) noexcept {
+    records_.swap(other.records_);
+    std::swap(NodesInUse, other.NodesInUse);
+    std::swap(MaxNodesInUse, other.MaxNodesInUse);
+    std::swap(touched_, other.touched_);
+  }
+
+  // Chains all records through Prev and Next, index 1 being the head. Only the records written
+  // since the last Init are reset: the others are as Init leaves them.
   void Init();
 
-  ExprNode& operator[](NodeIdx n) { return records_[Check(n)]; }
-  const ExprNode& operator[](NodeIdx n) const { return records_[Check(n)]; }
+  // Notes that the record may have been written: Init resets it. The free list's operations call
+  // it for every record they link; every other write goes to a node taken from the free list (or
+  // to one of the fixed roots, which Init always resets).
+  void Touch(NodeIdx n) {
+    if (n > touched_) touched_ = n;
+  }
+
+  ExprNode& operator[](NodeIdx n) { return (*records_)[Check(n)]; }
+  const ExprNode& operator[](NodeIdx n) const { return (*records_)[Check(n)]; }
 
   std::int16_t NodesInUse = 0;
   std::int16_t MaxNodesInUse = 0;
@@ -103,7 +136,9 @@ class NodePool {
     }
     return static_cast<std::size_t>(n);
   }
-  std::array<ExprNode, kPoolSize + 1> records_{};  // record 0 is never reached
+  using Records = std::array<ExprNode, kPoolSize + 1>;  // record 0 is never reached
+  std::unique_ptr<Records> records_;  // on the heap, so that two pools swap in a moment
+  NodeIdx touched_ = kPoolSize;       // records beyond it are as Init leaves them
 };
 
 }  // namespace tavimor

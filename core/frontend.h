@@ -32,6 +32,9 @@ class Frontend {
   virtual void ClearWorkSpace() = 0;
   // How the work space measures text, for the typesetter.
   virtual const FontMetrics& Metrics() = 0;
+  // Whether the front end paints the typesetter's drawings. One that shows mathematics only as
+  // lines of text (the terminal) gets each picture set as text instead, from the same tree.
+  virtual bool PaintsDrawings() const { return true; }
 
   // The pacing button, shown modally at (x, y) over the command that was pressed; `tag` says who
   // waits: "print" inside a message, "simp frac", "add fracs", "sys eqs", else a solve.

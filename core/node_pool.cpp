@@ -1,12 +1,15 @@
 // Taking and giving back nodes, and walking the links of a family.
 #include "core/node_pool.h"
 
+#include <algorithm>
+
 namespace tavimor {
 
 void NodePool::Init() {
-  for (int i = 1; i <= kPoolSize; ++i) {
+  const int last = std::max<int>(touched_, kRightRoot);
+  for (int i = 1; i <= last; ++i) {
     // Every field as in a fresh node, reset in place so the texts keep their storage.
-    ExprNode& r = records_[static_cast<std::size_t>(i)];
+    ExprNode& r = (*records_)[static_cast<std::size_t>(i)];
     r.Parent = r.FirstChild = kNoNode;
     r.Kind = r.Role = ' ';
     r.Text.clear();
@@ -16,6 +19,7 @@ void NodePool::Init() {
     r.Next = static_cast<NodeIdx>(i == kPoolSize ? 0 : i + 1);
   }
   NodesInUse = 0;
+  touched_ = kNoNode;
 }
 
 void InitNodePool(Session& s) { s.Pool.Init(); }
@@ -25,6 +29,8 @@ NodeIdx NewNode(Session& s) {
   const NodeIdx result = pool[kFreeListHead].Next;
   ExprNode& node = pool[result];  // 0 when the list is empty: the run-time error
   pool[kFreeListHead].Next = node.Next;
+  pool.Touch(result);
+  pool.Touch(node.Next);
   if (node.Next != kNoNode) pool[node.Next].Prev = kFreeListHead;
   node.Prev = kNoNode;
   node.Next = kNoNode;
@@ -37,6 +43,8 @@ void FreeNode(Session& s, NodeIdx n) {
   NodePool& pool = s.Pool;
   ExprNode& node = pool[n];
   const NodeIdx old_next = pool[kFreeListHead].Next;
+  pool.Touch(n);
+  pool.Touch(old_next);
   pool[kFreeListHead].Next = n;
   node.Prev = kFreeListHead;
   node.Next = old_next;
@@ -138,6 +146,53 @@ void AppendChild(Session& s, NodeIdx parent, NodeIdx child) {
     pool[child].Parent = kNoNode;
   }
   pool[child].Next = kNoNode;
+}
+
+std::vector<NodeIdx> FreeListFront(const Session& s, int count) {
+  std::vector<NodeIdx> front;
+  front.reserve(static_cast<std::size_t>(count));
+  for (NodeIdx n = s.Pool[kFreeListHead].Next;
+       n != kNoNode && static_cast<int>(front.size()) < count; n = s.Pool[n].Next) {
+    front.push_back(n);
+  }
+  return front;
+}
+
+bool RecordFootprint(const Session& s, const std::vector<NodeIdx>& before, std::int16_t taken,
+                     PoolFootprint& footprint) {
+  if (taken < 0 || static_cast<std::size_t>(taken) > before.size()) return false;
+  footprint.taken = taken;
+  footprint.order.clear();
+  NodeIdx n = s.Pool[kFreeListHead].Next;
+  for (int i = 0; i < taken; ++i, n = s.Pool[n].Next) {
+    if (n == kNoNode) return false;
+    const auto place = std::find(before.begin(), before.begin() + taken, n);
+    if (place == before.begin() + taken) return false;
+    footprint.order.push_back(static_cast<std::int16_t>(place - before.begin()));
+  }
+  return true;
+}
+
+bool ReplayFootprint(Session& s, const PoolFootprint& footprint) {
+  NodePool& pool = s.Pool;
+  const std::vector<NodeIdx> front = FreeListFront(s, footprint.taken);
+  if (static_cast<int>(front.size()) < footprint.taken) return false;
+  const auto count = static_cast<std::int16_t>(pool.NodesInUse + footprint.taken);
+  if (count > pool.MaxNodesInUse) pool.MaxNodesInUse = count;
+  if (footprint.taken == 0) return true;
+  const NodeIdx rest = pool[front.back()].Next;
+  pool.Touch(rest);
+  NodeIdx previous = kFreeListHead;
+  for (const std::int16_t place : footprint.order) {
+    const NodeIdx n = front[static_cast<std::size_t>(place)];
+    pool.Touch(n);
+    pool[previous].Next = n;
+    pool[n].Prev = previous;
+    previous = n;
+  }
+  pool[previous].Next = rest;
+  if (rest != kNoNode) pool[rest].Prev = previous;
+  return true;
 }
 
 }  // namespace tavimor

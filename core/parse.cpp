@@ -1,6 +1,7 @@
 // The parser: the text of a node becomes its subtree, one level at a time.
 #include "core/parse.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/brackets.h"
@@ -135,6 +136,13 @@ void MergePowers(Entries& entries) {
   }
 }
 
+// One letter, or digits that make one number.
+bool IsPlainLeaf(const Session& s, std::string_view t) {
+  if (t.size() == 1 && IsAsciiLetter(t[0])) return true;
+  if (t.empty() || !std::all_of(t.begin(), t.end(), IsAsciiDigit)) return false;
+  return NumberEnd(s, t, 1) == static_cast<int>(t.size());
+}
+
 void MakeChildren(Session& s, NodeIdx n, Entries& entries) {
   for (int i = 1; i <= entries.Count(); ++i) {
     const NodeIdx child = NewNode(s);
@@ -197,6 +205,12 @@ void ParseOne(Session& s, NodeIdx n) {
   }
   std::string t = s.Pool[n].Text;
   bool in_container = false;
+  // A letter or a whole number alone is a leaf as it stands: the passes below would find one term
+  // of one factor in it.
+  if (IsPlainLeaf(s, t)) {
+    s.Pool[n].Kind = IsAsciiLetter(t[0]) ? kKindVariable : kKindNumber;
+    return;
+  }
   for (;;) {
     Entries terms;
     SumPass(s, t, terms);

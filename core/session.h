@@ -136,6 +136,9 @@ class Session : public OptionSet, public CommandState, public OpenList {
   void SetFirstRunOptions() { OptionValues() = OptionSet{}; }
 
   NodePool Pool;
+  // The previous item's pool while a load is under way, given back whole if the load fails;
+  // after a load it is only storage for the next one.
+  NodePool KeptPool;
 
   // The main form, screen-free.
   FormState Form;

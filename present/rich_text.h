@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,8 @@ inline constexpr bool IsRelationCode(int code) {
   return code >= kRelationEquals && code <= kRelationArrow;
 }
 
+struct TextSides;  // present/text_picture.h
+
 // A typeset piece of mathematics: the relation code (0 for an expression) and the texts, the
 // drawing of the typesetter, and the offset that puts its baseline on the text's baseline.
 struct Picture {
@@ -48,6 +51,9 @@ struct Picture {
   std::string right;
   Drawing drawing;
   float baseline_offset = 0.0f;  // set by AlignPicture: height - baseline - 0.35 * font height
+  // For a front end that paints no drawings: the sides already set as text, where the typesetter
+  // could set them; the rest is set when the picture is shown.
+  std::shared_ptr<const TextSides> text;
 
   // The mathematics as text, as the work space keeps it hidden behind the picture.
   std::string Mathematics() const;

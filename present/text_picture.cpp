@@ -28,15 +28,6 @@ const std::map<char32_t, char32_t> kSuperscripts = {
 
 const char32_t* kRelationSigns[] = {U" ", U" = ", U" < ", U" > ", U" ≤ ", U" ≥ ", U"  →  "};
 
-TextBlock PadTo(TextBlock block, int above, int below, int width) {
-  const int w = std::max(width, block.Width());
-  for (auto& row : block.rows) row.resize(static_cast<std::size_t>(w), U' ');
-  block.rows.insert(block.rows.begin(), static_cast<std::size_t>(above), std::u32string(w, U' '));
-  block.rows.insert(block.rows.end(), static_cast<std::size_t>(below), std::u32string(w, U' '));
-  block.baseline += above;
-  return block;
-}
-
 TextBlock Centered(const TextBlock& block, int width) {
   TextBlock out;
   const int left = (width - block.Width()) / 2;
@@ -90,11 +81,12 @@ class TextLayout {
 
 TextBlock TextLayout::Leaf(NodeIdx n) {
   const ExprNode& node = N(n);
-  std::string text = node.Text;
-  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-')
-    text = "\xE2\x88\x92" + text.substr(1);
-  if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) text = "\xCF\x80";
-  if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) text = "\xC2\xB0";
+  const std::string& text = node.Text;
+  if (node.Kind == kKindNumber && !text.empty() && text[0] == '-') {
+    return TextBlock::Line(U"\u2212" + Utf32(text.substr(1)));
+  }
+  if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) return TextBlock::Line(U"\u03C0");
+  if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) return TextBlock::Line(U"\u00B0");
   return TextBlock::Line(Utf32(text));
 }
 
@@ -151,6 +143,7 @@ TextBlock TextLayout::Content(NodeIdx n) {
 
 TextBlock TextLayout::Sum(NodeIdx n) {
   std::vector<TextBlock> parts;
+  parts.reserve(8);
   for (NodeIdx c = N(n).FirstChild; c != kNoNode; c = N(c).Next) {
     const ExprNode& term = N(c);
     if (term.Role == kRoleMinus) {
@@ -167,6 +160,7 @@ TextBlock TextLayout::Sum(NodeIdx n) {
 
 TextBlock TextLayout::Row(const std::vector<NodeIdx>& factors) {
   std::vector<TextBlock> parts;
+  parts.reserve(2 * factors.size());
   NodeIdx previous = kNoNode;
   for (const NodeIdx c : factors) {
     if (previous != kNoNode && NeedsTimesSign(s_, previous, c))
@@ -293,11 +287,62 @@ TextBlock RenderText(Session& s, const std::string& text) {
   }
 }
 
+// The most nodes a side set ahead may take: a larger one is set when it is shown.
+constexpr int kMostNodesSetAhead = 48;
+
+// A side set ahead, or set now: setting it now would leave the pool as the footprint does.
+TextBlock SideBlock(Session& s, const std::string& text, const TextSides* sides,
+                    const TextSide* side) {
+  if (side != nullptr && side->set && sides->special_p == s.SpecialP &&
+      sides->special_d == s.SpecialD && sides->decimal_point == s.Dp() &&
+      ReplayFootprint(s, side->footprint)) {
+    return side->block;
+  }
+  return RenderText(s, text);
+}
+
 }  // namespace
 
-TextBlock TextBlock::Line(const std::u32string& text) {
+TextSide SetSideAsText(Session& s, const std::string& text) {
+  TextSide side;
+  if (CountPieces(text, ";") > 1) {
+    // Each piece as the typesetter takes it; the whole is set when it is shown.
+    for (int i = 1; i <= CountPieces(text, ";"); ++i) SetSideAsText(s, GetPiece(text, i, ";"));
+    return side;
+  }
+  const std::vector<NodeIdx> before = FreeListFront(s, kMostNodesSetAhead);
   TextBlock block;
-  block.rows.push_back(text);
+  const bool followed = RunWithFootprint(s, before, side.footprint, [&] {
+    const NodeIdx root = NewNode(s);
+    try {
+      s.Pool[root].Text = text;
+      ParseTree(s, root);
+      PrepareForDisplay(s, root);
+      block = TextLayout(s).Render(root);
+    } catch (...) {
+      FreeChildren(s, root);
+      FreeNode(s, root);
+      throw;
+    }
+    FreeChildren(s, root);
+    FreeNode(s, root);
+  });
+  if (!followed) return side;
+  // As RenderText sets it: too deep is shown as its text without a tree, too tall after one.
+  if (BracketNesting(text) > kMostNesting) {
+    side.footprint = PoolFootprint{};
+    block = TextBlock::Line(Utf32(text));
+  } else if (block.Height() > kMostRows) {
+    block = TextBlock::Line(Utf32(text));
+  }
+  side.block = std::move(block);
+  side.set = true;
+  return side;
+}
+
+TextBlock TextBlock::Line(std::u32string text) {
+  TextBlock block;
+  block.rows.push_back(std::move(text));
   return block;
 }
 
@@ -309,11 +354,28 @@ TextBlock TextBlock::Join(const std::vector<TextBlock>& blocks) {
     below = std::max(below, b.Height() - 1 - b.baseline);
   }
   TextBlock out;
-  out.rows.assign(static_cast<std::size_t>(above + below + 1), U"");
+  const int height = above + below + 1;
+  out.rows.assign(static_cast<std::size_t>(height), U"");
   out.baseline = above;
+  int total = 0;
+  for (const TextBlock& b : blocks) total += b.Width();
+  for (auto& row : out.rows) row.reserve(static_cast<std::size_t>(total));
+  // Each block in place: its rows cut or padded to its width, blank rows above and below it.
   for (const TextBlock& b : blocks) {
-    const TextBlock padded = PadTo(b, above - b.baseline, below - (b.Height() - 1 - b.baseline), 0);
-    for (std::size_t i = 0; i < out.rows.size(); ++i) out.rows[i] += padded.rows[i];
+    const auto width = static_cast<std::size_t>(b.Width());
+    const int top = above - b.baseline;
+    for (int i = 0; i < height; ++i) {
+      std::u32string& row = out.rows[static_cast<std::size_t>(i)];
+      const int r = i - top;
+      if (r >= 0 && r < b.Height()) {
+        const std::u32string& piece = b.rows[static_cast<std::size_t>(r)];
+        const std::size_t kept = std::min(width, piece.size());
+        row.append(piece, 0, kept);
+        row.append(width - kept, U' ');
+      } else {
+        row.append(width, U' ');
+      }
+    }
   }
   return out;
 }
@@ -372,10 +434,15 @@ std::string Utf8(const std::u32string& text) {
 }
 
 TextBlock TextPicture(Session& s, const Picture& picture) {
-  if (!IsRelationCode(picture.relation)) return RenderText(s, picture.left);
-  return TextBlock::Join({RenderText(s, picture.left),
-                          TextBlock::Line(kRelationSigns[picture.relation]),
-                          RenderText(s, picture.right)});
+  const TextSides* sides = picture.text.get();
+  const TextSide* left = sides != nullptr ? &sides->left : nullptr;
+  if (!IsRelationCode(picture.relation)) return SideBlock(s, picture.left, sides, left);
+  const TextSide* right = sides != nullptr ? &sides->right : nullptr;
+  // Left before right, as they would be set now.
+  TextBlock left_block = SideBlock(s, picture.left, sides, left);
+  TextBlock right_block = SideBlock(s, picture.right, sides, right);
+  return TextBlock::Join({std::move(left_block), TextBlock::Line(kRelationSigns[picture.relation]),
+                          std::move(right_block)});
 }
 
 std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/node_pool.h"
 #include "core/session.h"
 #include "present/rich_text.h"
 
@@ -17,7 +18,7 @@ struct TextBlock {
 
   int Width() const { return rows.empty() ? 0 : static_cast<int>(rows[0].size()); }
   int Height() const { return static_cast<int>(rows.size()); }
-  static TextBlock Line(const std::u32string& text);
+  static TextBlock Line(std::u32string text);
   // Blocks side by side on one baseline.
   static TextBlock Join(const std::vector<TextBlock>& blocks);
   std::vector<std::string> Utf8Rows() const;
@@ -25,6 +26,28 @@ struct TextBlock {
 
 std::u32string Utf32(const std::string& utf8);
 std::string Utf8(const std::u32string& text);
+
+// One side of a picture set as text when it was drawn, with what setting it did to the pool.
+struct TextSide {
+  bool set = false;  // false: the side is set when it is shown
+  TextBlock block;
+  PoolFootprint footprint;
+};
+
+// The sides of a picture set as text, and the options they were set under.
+struct TextSides {
+  TextSide left;
+  TextSide right;
+  bool special_p = false;
+  bool special_d = false;
+  char decimal_point = '.';
+};
+
+// Sets a side as text on a tree of its own, parsed and prepared exactly as the typesetter lays it
+// out, so that it fails (the run-time error) where a drawing fails. A side the setting at the time
+// it is shown would treat otherwise (pieces, a tree larger than the footprint follows) is left
+// unset.
+TextSide SetSideAsText(Session& s, const std::string& text);
 
 // The picture's mathematics as a text block. Text that cannot be parsed is shown as it is.
 TextBlock TextPicture(Session& s, const Picture& picture);

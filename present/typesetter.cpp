@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <vector>
 
 #include "core/message_box.h"
@@ -11,6 +12,7 @@
 #include "core/parse.h"
 #include "core/pieces.h"
 #include "present/display_form.h"
+#include "present/text_picture.h"
 
 namespace tavimor {
 
@@ -82,6 +84,7 @@ class Layout {
   float Ascent() const { return m_.Ascent(Face::Text, base_size_); }
   float Descent() const { return m_.Descent(Face::Text, base_size_); }
   float Size() const { return base_size_; }
+  const FontMetrics& Metrics() const { return m_; }
 
  private:
   ExprNode& N(NodeIdx n) { return s_.Pool[n]; }
@@ -573,6 +576,15 @@ void ShowDrawFailure(Session& s, const std::string& name) {
                              "its drawings are left out until this command ends.");
 }
 
+// The sides of a picture set as text under the options of the moment.
+std::shared_ptr<TextSides> NewTextSides(const Session& s) {
+  auto sides = std::make_shared<TextSides>();
+  sides->special_p = s.SpecialP;
+  sides->special_d = s.SpecialD;
+  sides->decimal_point = s.Dp();
+  return sides;
+}
+
 }  // namespace
 
 std::string RelationString(int code) {
@@ -601,8 +613,14 @@ Picture DrawAnyExpression(Session& s, const FontMetrics& metrics, const std::str
   Picture picture;
   picture.left = text;
   if (s.DrawFailureShown) return picture;  // drawings are left out for the rest of the command
-  Layout layout(s, metrics, s.FontSize);
   try {
+    if (!s.Screen().PaintsDrawings()) {
+      std::shared_ptr<TextSides> sides = NewTextSides(s);
+      sides->left = SetSideAsText(s, text);
+      picture.text = std::move(sides);
+      return picture;
+    }
+    Layout layout(s, metrics, s.FontSize);
     picture.drawing = LayOutSide(s, layout, text);
   } catch (const RunTimeError&) {
     ShowDrawFailure(s, "Error in DrawAnyExpression");
@@ -618,8 +636,15 @@ Picture DrawAnyEquation(Session& s, const FontMetrics& metrics, int code, const 
   picture.left = left;
   picture.right = right;
   if (s.DrawFailureShown) return picture;
-  Layout layout(s, metrics, s.FontSize);
   try {
+    if (!s.Screen().PaintsDrawings()) {
+      std::shared_ptr<TextSides> text = NewTextSides(s);
+      text->left = SetSideAsText(s, left);
+      text->right = SetSideAsText(s, right);
+      picture.text = std::move(text);
+      return picture;
+    }
+    Layout layout(s, metrics, s.FontSize);
     std::vector<Drawing> sides{LayOutSide(s, layout, left), LayOutSide(s, layout, right)};
     picture.drawing = JoinInRow(sides, {RelationString(code)}, {Face::Sign}, layout,
                                 kRelationPad * layout.Size());

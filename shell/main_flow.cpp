@@ -81,18 +81,21 @@ bool cmdLoadEquation(Session& s, const std::string& typed, bool right_button) {
   if (text.empty()) return false;
   s.DrawFailureShown = false;
   // A load that fails gives the previous item back whole: its trees, its equations, its panel.
-  const NodePool kept_pool = s.Pool;
   const std::vector<EquationRow> kept_equations = s.EquationList;
   const FormState kept_form = s.Form;
   const std::int16_t kept_help = s.HelpNumber;
+  bool pool_kept = false;
   try {
     if (ValidateInput(s, text) != 0) return false;
     if (text.empty()) return false;  // a box of blanks is an empty box
+    // The load starts the pool anew: it works on the spare one, and the item's pool is kept.
+    s.Pool.Swap(s.KeptPool);
+    pool_kept = true;
     LoadEquation(s, text);
     AddToEquationList(s, text);
     s.Message.clear();
   } catch (const std::exception&) {
-    s.Pool = kept_pool;
+    if (pool_kept) s.Pool.Swap(s.KeptPool);
     s.EquationList = kept_equations;
     s.Form = kept_form;
     s.HelpNumber = kept_help;

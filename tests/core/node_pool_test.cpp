@@ -1,7 +1,10 @@
 // Tests of the node pool: the free list as a stack, bounds, exhaustion, freeing and family links.
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "core/node_pool.h"
+#include "core/parse.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {
@@ -173,6 +176,109 @@ TEST_F(NodePoolTest, LoopingLinksRaiseTheRunTimeErrorInsteadOfHanging) {
   const NodeIdx second = Child(root, 2);
   s.Pool[second].Next = Child(root, 1);  // a sibling loop
   EXPECT_THROW(FreeChildren(s, root), RunTimeError);
+}
+
+}  // namespace
+}  // namespace tavimor
+
+namespace tavimor {
+namespace {
+
+// The free list from its head, in order.
+std::vector<NodeIdx> FreeList(const Session& s) { return FreeListFront(s, kPoolSize); }
+
+// A short-lived tree of the text, made and freed whole.
+void MakeAndFreeTree(Session& s, const std::string& text) {
+  const NodeIdx root = NewNode(s);
+  s.Pool[root].Text = text;
+  ParseTree(s, root);
+  FreeChildren(s, root);
+  FreeNode(s, root);
+}
+
+using PoolFootprintTest = SessionTest;
+
+TEST_F(PoolFootprintTest, ReplayLeavesThePoolAsTheTreeDid) {
+  Load("a+b*c");  // a tree that stays, so the free list does not start at node 2
+  const NodePool start = s.Pool;
+  PoolFootprint footprint;
+  ASSERT_TRUE(RunWithFootprint(s, FreeListFront(s, 100), footprint,
+                               [&] { MakeAndFreeTree(s, "(x+1)^2/(y-3)+sin(z)"); }));
+  const std::vector<NodeIdx> after = FreeList(s);
+  const std::int16_t most = s.Pool.MaxNodesInUse;
+  EXPECT_GT(footprint.taken, 10);
+  s.Pool = start;
+  ASSERT_TRUE(ReplayFootprint(s, footprint));
+  EXPECT_EQ(FreeList(s), after);
+  EXPECT_EQ(s.Pool.MaxNodesInUse, most);
+  EXPECT_EQ(s.Pool.NodesInUse, start.NodesInUse);
+  // Replayed twice, it permutes twice, as two runs of the tree would.
+  MakeAndFreeTree(s, "(x+1)^2/(y-3)+sin(z)");
+  const std::vector<NodeIdx> twice = FreeList(s);
+  s.Pool = start;
+  ASSERT_TRUE(ReplayFootprint(s, footprint));
+  ASSERT_TRUE(ReplayFootprint(s, footprint));
+  EXPECT_EQ(FreeList(s), twice);
+}
+
+TEST_F(PoolFootprintTest, ReplayNeedsTheNodesTheTreeTook) {
+  PoolFootprint footprint;
+  ASSERT_TRUE(RunWithFootprint(s, FreeListFront(s, 100), footprint,
+                               [&] { MakeAndFreeTree(s, "a+b+c+d"); }));
+  while (static_cast<int>(FreeList(s).size()) >= footprint.taken) NewNode(s);
+  const std::vector<NodeIdx> before = FreeList(s);
+  EXPECT_FALSE(ReplayFootprint(s, footprint));
+  EXPECT_EQ(FreeList(s), before);
+  EXPECT_THROW(MakeAndFreeTree(s, "a+b+c+d"), RunTimeError);
+}
+
+TEST_F(PoolFootprintTest, ATreeLargerThanTheFrontSeenIsNotRecorded) {
+  PoolFootprint footprint;
+  EXPECT_FALSE(
+      RunWithFootprint(s, FreeListFront(s, 3), footprint, [&] { MakeAndFreeTree(s, "a+b+c+d"); }));
+}
+
+}  // namespace
+}  // namespace tavimor
+
+namespace tavimor {
+namespace {
+
+// Every field of every record, as one text.
+std::string Records(const NodePool& pool) {
+  std::string out;
+  for (NodeIdx i = 1; i <= kPoolSize; ++i) {
+    const ExprNode& r = pool[i];
+    out += std::to_string(r.Prev) + "," + std::to_string(r.Next) + "," + std::to_string(r.Parent) +
+           "," + std::to_string(r.FirstChild) + "," + r.Kind + r.Role + r.Text + "," +
+           std::to_string(r.Value.index()) + "," +
+           std::to_string(r.X + r.Y + r.Width + r.Height + r.Base + r.Scratch1 + r.Scratch2) + ";";
+  }
+  return out;
+}
+
+using PoolInitTest = SessionTest;
+
+TEST_F(PoolInitTest, InitAfterUseLeavesEveryRecordAsInAFreshPool) {
+  const std::string fresh = Records(NodePool{});
+  Load("(x+1)^2/(y-3)+sin(z)");
+  const NodeIdx a = NewNode(s);
+  s.Pool[a].Value = 2.5;
+  s.Pool[a].X = 3.0f;
+  FreeNode(s, a);
+  PoolFootprint footprint;
+  ASSERT_TRUE(RunWithFootprint(s, FreeListFront(s, 100), footprint,
+                               [&] { MakeAndFreeTree(s, "a*b*c*d*e*f*g*h"); }));
+  ASSERT_TRUE(ReplayFootprint(s, footprint));
+  InitNodePool(s);
+  EXPECT_EQ(Records(s.Pool), fresh);
+  // A pool that went up to its last record, copied and swapped, is reset whole too.
+  while (s.Pool.NodesInUse < kPoolSize - 1) s.Pool[NewNode(s)].Text = "t";
+  NodePool copy = s.Pool;
+  NodePool spare;
+  copy.Swap(spare);
+  spare.Init();
+  EXPECT_EQ(Records(spare), fresh);
 }
 
 }  // namespace

@@ -35,5 +35,68 @@ TEST_F(TextPictureTest, PowerOfAPowerHasItsBaseInBrackets) {
   EXPECT_EQ(s.Pool.NodesInUse, nodes);
 }
 
+// A front end that shows mathematics only as text, as the terminal does.
+class TextOnlyFrontend : public RecordingFrontend {
+ public:
+  bool PaintsDrawings() const override { return false; }
+};
+
+class TextAheadTest : public SessionTest {
+ protected:
+  TextAheadTest() { s.SetFrontend(text_only); }
+  Picture Draw(const std::string& left, const std::string& right) {
+    return right.empty() ? DrawExpression(s, text_only.Metrics(), left)
+                         : DrawEquation(s, text_only.Metrics(), left, right);
+  }
+  static Picture Plain(const Picture& drawn) {
+    Picture plain = drawn;
+    plain.text.reset();
+    return plain;
+  }
+  TextOnlyFrontend text_only;
+};
+
+TEST_F(TextAheadTest, APictureSetAheadShowsAsOneSetWhenShown) {
+  Load("x+1");  // a tree that stays
+  const std::vector<std::pair<std::string, std::string>> items = {
+      {"x/2+x/3", ""},   {"(a+b)^2", "a^2+2*a*b+b^2"},
+      {"sqrt(x)/2", ""}, {"1;2;x", ""},
+      {"-1/2*a/c", "3"}, {std::string(30, '(') + "x" + std::string(30, ')'), ""}};
+  for (const auto& [left, right] : items) {
+    const Picture drawn = Draw(left, right);
+    ASSERT_NE(drawn.text, nullptr) << left;
+    EXPECT_TRUE(drawn.drawing.items.empty()) << left;
+    const NodePool before = s.Pool;
+    const std::vector<std::string> ahead = TextPicture(s, drawn).Utf8Rows();
+    const std::vector<NodeIdx> ahead_free = FreeListFront(s, kPoolSize);
+    const std::int16_t ahead_most = s.Pool.MaxNodesInUse;
+    s.Pool = before;
+    EXPECT_EQ(ahead, TextPicture(s, Plain(drawn)).Utf8Rows()) << left;
+    // The pool is left as setting it when shown leaves it.
+    EXPECT_EQ(ahead_free, FreeListFront(s, kPoolSize)) << left;
+    EXPECT_EQ(ahead_most, s.Pool.MaxNodesInUse) << left;
+  }
+}
+
+TEST_F(TextAheadTest, APictureSetAheadFollowsTheOptionsWhenShown) {
+  const Picture drawn = Draw("2*p", "");
+  s.SpecialP = true;
+  EXPECT_EQ(TextPicture(s, drawn).Utf8Rows(), (std::vector<std::string>{"2π"}));
+}
+
+TEST_F(TextAheadTest, APictureSetAheadIsSetAgainWhenThePoolHasNoRoomForIt) {
+  const Picture drawn = Draw("a+b+c+d", "");
+  while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
+  EXPECT_EQ(TextPicture(s, drawn).Utf8Rows(), (std::vector<std::string>{"a+b+c+d"}));
+}
+
+TEST_F(TextAheadTest, ASideThatCannotBeDrawnIsToldAsADrawingIs) {
+  while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
+  const Picture drawn = Draw("a+b+c+d", "");
+  EXPECT_EQ(drawn.text, nullptr);
+  ASSERT_EQ(text_only.messages.size(), 1u);
+  EXPECT_EQ(text_only.messages[0].text.rfind("Error in DrawAnyExpression.", 0), 0u);
+}
+
 }  // namespace
 }  // namespace tavimor

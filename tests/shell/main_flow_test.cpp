@@ -576,6 +576,24 @@ TEST_F(MainFlow, AFailedLoadKeepsThePreviousItemWhole) {
   EXPECT_EQ(s.Pool[kRightRoot].Text, "10");
 }
 
+TEST_F(MainFlow, AFailedLoadAfterSeveralLoadsKeepsTheLatestItem) {
+  ASSERT_TRUE(Load("x+1=2"));
+  ASSERT_TRUE(Load("3y-y=8"));
+  ASSERT_TRUE(Load("a+a+b"));
+  EXPECT_FALSE(Load(SixtyTermSum()));
+  EXPECT_EQ(s.Form.item_kind, "expression");
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "a+a+b");
+  EXPECT_EQ(s.Pool[kRightRoot].Text, "");
+  EXPECT_NE(s.Pool[kLeftRoot].FirstChild, kNoNode);
+  s.StreamingOutput = true;
+  std::string error;
+  EXPECT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "2*a+b");
+  // The next load works on a pool started anew.
+  ASSERT_TRUE(Load("x-x"));
+  EXPECT_EQ(s.Pool[kLeftRoot].Text, "x-x");
+}
+
 TEST_F(MainFlow, AFailedFirstLoadLeavesNothingOnOffer) {
   EXPECT_FALSE(Load(SixtyTermSum()));
   EXPECT_EQ(s.Form.item_kind, "");
