@@ -31,6 +31,8 @@ class TempTree {
   ~TempTree() { Release(); }
 
   NodeIdx Root() const { return root_; }
+  // The root's slot, for rules that may replace the root node itself.
+  NodeIdx& RootSlot() { return root_; }
   const ExprNode& operator[](NodeIdx n) const { return s_.Pool[n]; }
 
  private:

@@ -10,6 +10,7 @@
 #include "core/number_text.h"
 #include "core/pieces.h"
 #include "core/regenerate.h"
+#include "core/scoped_override.h"
 #include "core/text_predicates.h"
 #include "core/tree_walk.h"
 #include "manipulate/distribute.h"
@@ -98,23 +99,12 @@ bool ForEachSlotUntil(Session& s, NodeIdx& root, Test test) {
 
 // Runs the simplify loop on the tree silently; after a rewrite, complex products stay as they are.
 void SimplifySilently(Session& s, NodeIdx& root, bool keep_complex_products) {
-  const std::int16_t detail = s.DetailNow;
-  const bool complex_products = s.ComplexProducts;
-  const std::string message = s.Message;
-  s.DetailNow = 0;
-  if (keep_complex_products) s.ComplexProducts = false;
-  try {
-    int level = 0;
-    SimplifyTree(s, root, level);
-  } catch (...) {
-    s.DetailNow = detail;
-    s.ComplexProducts = complex_products;
-    s.Message = message;
-    throw;
-  }
-  s.DetailNow = detail;
-  s.ComplexProducts = complex_products;
-  s.Message = message;
+  ScopedOverride detail(s.DetailNow, std::int16_t{0});
+  ScopedOverride complex_products(s.ComplexProducts,
+                                  keep_complex_products ? false : s.ComplexProducts);
+  ScopedOverride message(s.Message);
+  int level = 0;
+  SimplifyTree(s, root, level);
 }
 
 // After a rewrite at a place: the texts regenerated, a term that became a sum opened into the
@@ -411,16 +401,10 @@ bool ExpandTree(Session& s, NodeIdx& root) {
 }
 
 bool ExpandSide(Session& s, NodeIdx side, bool denominators) {
-  s.ExpandMode = denominators ? 2 : 1;
+  // 2 while a denominator is expanded too; 1 again afterwards, however the run ends.
+  ScopedOverride mode(s.ExpandMode, static_cast<std::int16_t>(denominators ? 2 : 1));
   NodeIdx root = side;
-  try {
-    const bool result = ExpandTree(s, root);
-    s.ExpandMode = 1;
-    return result;
-  } catch (...) {
-    s.ExpandMode = 1;
-    throw;
-  }
+  return ExpandTree(s, root);
 }
 
 std::string NothingToExpandNote(const std::string& input, const std::string& record) {

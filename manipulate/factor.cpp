@@ -7,6 +7,7 @@
 #include "core/pieces.h"
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
+#include "core/temp_tree.h"
 #include "manipulate/expand.h"
 #include "present/step_markup.h"
 #include "present/work_space.h"
@@ -20,35 +21,6 @@ namespace {
 
 // The colour of the help texts, in which the rule after the steps is drawn.
 constexpr int kHelpColour = 9;
-
-// A tree of its own for a text, given back on leaving; the root may move while rules run.
-class OwnTree {
- public:
-  OwnTree(Session& s, const std::string& text) : s_(s), root_(NewNode(s)) {
-    s_.Pool[root_].Text = text;
-    try {
-      ParseTree(s_, root_);
-    } catch (...) {
-      Release();
-      throw;
-    }
-  }
-  OwnTree(const OwnTree&) = delete;
-  OwnTree& operator=(const OwnTree&) = delete;
-  ~OwnTree() { Release(); }
-  NodeIdx& Root() { return root_; }
-
- private:
-  void Release() noexcept {
-    try {
-      FreeChildren(s_, root_);
-      FreeNode(s_, root_);
-    } catch (...) {  // a broken tree: the next load reinitialises the pool
-    }
-  }
-  Session& s_;
-  NodeIdx root_;
-};
 
 // The silent simplify loop on a tree; Message and the detail kept.
 bool SimplifyTreeSilently(Session& s, NodeIdx& root) {
@@ -76,13 +48,13 @@ NodeIdx PowerBase(const Session& s, NodeIdx power) { return s.Pool[s.Pool[power]
 }  // namespace
 
 std::string ExpandedText(Session& s, const std::string& text) {
-  OwnTree tree(s, text);
+  TempTree tree(s, text, TempTree::Depth::Whole);
   ScopedOverride keep_detail(s.DetailNow, std::int16_t{0});
   ScopedOverride keep_message(s.Message);
   ScopedOverride keep_mode(s.ExpandMode, std::int16_t{1});
-  ExpandTree(s, tree.Root());
-  SimplifyTreeSilently(s, tree.Root());
-  return s.Pool[tree.Root()].Text;
+  ExpandTree(s, tree.RootSlot());
+  SimplifyTreeSilently(s, tree.RootSlot());
+  return s.Pool[tree.RootSlot()].Text;
 }
 
 std::string FactorRecordText(const std::string& simplified, int place, const std::string& part,
@@ -161,10 +133,10 @@ bool FactorTree(Session& s, NodeIdx& slot, std::string& record, const std::strin
 }
 
 bool FactorText(Session& s, std::string& text, std::string& record, const std::string& mode) {
-  OwnTree tree(s, text);
-  const bool changed = SimplifyTreeSilently(s, tree.Root());
-  record = changed ? s.Pool[tree.Root()].Text : "";
-  if (!FactorTree(s, tree.Root(), record, mode)) return false;
+  TempTree tree(s, text, TempTree::Depth::Whole);
+  const bool changed = SimplifyTreeSilently(s, tree.RootSlot());
+  record = changed ? s.Pool[tree.RootSlot()].Text : "";
+  if (!FactorTree(s, tree.RootSlot(), record, mode)) return false;
   text = FactorRecordField(record, CountPieces(record, kFactorRecordSeparator));
   return true;
 }

@@ -11,6 +11,7 @@
 #include "core/node_queries.h"
 #include "core/number_text.h"
 #include "core/regenerate.h"
+#include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "core/tree_walk.h"
 #include "core/validate.h"
@@ -147,20 +148,12 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
   }
   RegenerateAll(s, root);
   const std::string before = s.Pool[root].Text;
-  const bool exact_to_float = s.ExactToFloat;
-  const std::int16_t detail = s.DetailNow;
-  s.ExactToFloat = true;
-  s.DetailNow = 0;
-  try {
+  {
+    ScopedOverride exact_to_float(s.ExactToFloat, true);
+    ScopedOverride detail(s.DetailNow, std::int16_t{0});
     int level = 0;
     SimplifyTree(s, root, level);
-  } catch (...) {
-    s.ExactToFloat = exact_to_float;
-    s.DetailNow = detail;
-    throw;
   }
-  s.ExactToFloat = exact_to_float;
-  s.DetailNow = detail;
   std::string value = s.Pool[root].Text;
   bool complex = ContainsImagUnit(s, value);
   if (!complex && !IsNumberToken(s, value)) {
