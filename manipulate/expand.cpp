@@ -62,41 +62,6 @@ bool IsMarked(const Session& s, NodeIdx n) {
          std::get<std::int32_t>(value) == kExpandable;
 }
 
-// The slots of the tree in the order of the simplify loop's pass 9: every node including leaves,
-// each family from its last child to its first, the root last.
-template <typename Test>
-bool ForEachSlotUntil(Session& s, NodeIdx& root, Test test) {
-  NodePool& pool = s.Pool;
-  if (pool[root].FirstChild == kNoNode) return test(root);
-  WalkGuard guard;
-  NodeIdx cur = pool[root].FirstChild;
-  for (;;) {
-    guard.Step();
-    while (pool[cur].FirstChild != kNoNode) cur = pool[cur].FirstChild;
-    if (pool[cur].Next != kNoNode) {
-      cur = pool[cur].Next;
-      continue;
-    }
-    for (;;) {
-      guard.Step();
-      while (pool[cur].Prev != kNoNode) {
-        guard.Step();
-        const NodeIdx prev = pool[cur].Prev;
-        if (test(pool[prev].Next)) return true;
-        cur = prev;
-      }
-      const NodeIdx parent = pool[cur].Parent;
-      if (test(pool[parent].FirstChild)) return true;
-      if (parent == root) return test(root);
-      cur = parent;
-      if (pool[cur].Next != kNoNode) {
-        cur = pool[cur].Next;
-        break;
-      }
-    }
-  }
-}
-
 // Runs the simplify loop on the tree silently; after a rewrite, complex products stay as they are.
 void SimplifySilently(Session& s, NodeIdx& root, bool keep_complex_products) {
   ScopedOverride detail(s.DetailNow, std::int16_t{0});
@@ -294,7 +259,7 @@ bool PowerByTheorem(Session& s, NodeIdx power, std::string& expansion, std::stri
 bool ExpandPass(Session& s, int pass, NodeIdx& root, std::string& record) {
   if (!ModeAllowsRewrites(s)) return false;
   MarkSubtree(s, root);
-  return ForEachSlotUntil(s, root, [&](NodeIdx& slot) {
+  return ForEachSlotUntil(s, root, true, [&](NodeIdx& slot) {
     if (!ModeAllowsRewrites(s) || !IsMarked(s, slot)) return false;
     switch (pass) {
       case 1: return DistributeAt(s, root, slot, record);

@@ -12,6 +12,7 @@
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
+#include "core/tree_walk.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/collect_product.h"
@@ -101,37 +102,9 @@ bool ApplyPassAtNode(Session& s, NodeIdx& slot, int pass) {
 }
 
 bool ApplyPassToTree(Session& s, int pass, NodeIdx& root) {
-  NodePool& pool = s.Pool;
-  if (pool[root].FirstChild == kNoNode) return pass == 9 && ApplyPassAtNode(s, root, pass);
-  WalkGuard guard;
-  NodeIdx cur = pool[root].FirstChild;
-  for (;;) {
-    guard.Step();
-    while (pool[cur].FirstChild != kNoNode) cur = pool[cur].FirstChild;
-    if (pool[cur].Next != kNoNode) {
-      cur = pool[cur].Next;
-      continue;
-    }
-    // The end of a chain: back to its first node, the rule of pass 9 on every slot on the way.
-    for (;;) {
-      guard.Step();
-      while (pool[cur].Prev != kNoNode) {
-        guard.Step();
-        const NodeIdx prev = pool[cur].Prev;
-        if (pass == 9 && ApplyPassAtNode(s, pool[prev].Next, pass)) return true;
-        cur = prev;
-      }
-      const NodeIdx parent = pool[cur].Parent;
-      if (pass == 9 && ApplyPassAtNode(s, pool[parent].FirstChild, pass)) return true;
-      if (parent == root) return ApplyPassAtNode(s, root, pass);
-      if (pass != 9 && ApplyPassAtNode(s, SlotOf(s, parent), pass)) return true;
-      cur = parent;
-      if (pool[cur].Next != kNoNode) {
-        cur = pool[cur].Next;
-        break;
-      }
-    }
-  }
+  // Pass 9 is offered every slot, leaves included; the others every node with children.
+  return ForEachSlotUntil(s, root, pass == 9,
+                          [&s, pass](NodeIdx& slot) { return ApplyPassAtNode(s, slot, pass); });
 }
 
 bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
