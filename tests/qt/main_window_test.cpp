@@ -17,22 +17,11 @@
 #include "qt/qt_frontend.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
+#include "support/window_fixture.h"
 
 namespace tavimor {
 
 namespace {
-
-// Runs `act` on the next modal widget that shows up.
-void WhenModal(std::function<void(QWidget*)> act) {
-  QTimer::singleShot(0, [act] {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (modal == nullptr) {
-      WhenModal(act);
-      return;
-    }
-    act(modal);
-  });
-}
 
 bool Dark(QRgb pixel) { return qGray(pixel) < 110; }
 
@@ -71,37 +60,27 @@ class MainWindowTest : public QObject {
 
  private slots:
   void init() {
-    frontend_ = std::make_unique<QtFrontend>();
-    session_ = std::make_unique<Session>(*frontend_);
-    session_->SetFirstRunOptions();
-    StartUp(*session_, ".");
-    window_ = std::make_unique<MainWindow>(*session_);
-    frontend_->SetWindow(window_.get());
-    window_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window_.get()));
+    w_.Open();
+    QVERIFY(QTest::qWaitForWindowExposed(w_.window.get()));
   }
 
-  void cleanup() {
-    window_.reset();
-    session_.reset();
-    frontend_.reset();
-  }
+  void cleanup() { w_.Close(); }
 
   void TypingAnEquationAndPressingOkConsidersIt() {
-    QTest::keyClicks(window_->EquationBox()->lineEdit(), QStringLiteral("2*x+3=7"));
-    QTest::mousePress(window_->OkButton(), Qt::LeftButton);
-    QCOMPARE(window_->WorkSpace()->HiddenText(),
+    QTest::keyClicks(w_.window->EquationBox()->lineEdit(), QStringLiteral("2*x+3=7"));
+    QTest::mousePress(w_.window->OkButton(), Qt::LeftButton);
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(),
              QStringLiteral("\nConsider  the equation  @2*x+3=7@  \n"));
-    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Equation"));
-    QVERIFY(window_->Button("cmdDoLHS")->isVisible());
-    QVERIFY(window_->Button("cmdDoLHS")->isEnabled());
-    QCOMPARE(window_->EquationBox()->count(), 1);
+    QCOMPARE(w_.window->VisiblePanelCaption(), QStringLiteral("Equation"));
+    QVERIFY(w_.window->Button("cmdDoLHS")->isVisible());
+    QVERIFY(w_.window->Button("cmdDoLHS")->isEnabled());
+    QCOMPARE(w_.window->EquationBox()->count(), 1);
   }
 
   void EnterInTheBoxIsOk() {
-    QTest::keyClicks(window_->EquationBox()->lineEdit(), QStringLiteral("x+x"));
-    QTest::keyClick(window_->EquationBox()->lineEdit(), Qt::Key_Return);
-    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Expression"));
+    QTest::keyClicks(w_.window->EquationBox()->lineEdit(), QStringLiteral("x+x"));
+    QTest::keyClick(w_.window->EquationBox()->lineEdit(), Qt::Key_Return);
+    QCOMPARE(w_.window->VisiblePanelCaption(), QStringLiteral("Expression"));
   }
 
   void RefusedItemShowsTheMessageBoxWithHelp() {
@@ -111,67 +90,67 @@ class MainWindowTest : public QObject {
       shown = box != nullptr ? box->text() : QString();
       QTest::keyClick(modal, Qt::Key_Escape);
     });
-    window_->EquationBox()->setEditText(QStringLiteral("2x+"));
-    window_->LoadTyped(false);
+    w_.window->EquationBox()->setEditText(QStringLiteral("2x+"));
+    w_.window->LoadTyped(false);
     QCOMPARE(shown,
              QStringLiteral("Error in input string.  Invalid symbol + at end of expression."));
-    QCOMPARE(window_->WorkSpace()->HiddenText(), QString());
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(), QString());
   }
 
   void RightButtonOnOkClearsTheWorkSpaceFirst() {
-    window_->EquationBox()->setEditText(QStringLiteral("x"));
-    QTest::mousePress(window_->OkButton(), Qt::LeftButton);
-    window_->EquationBox()->setEditText(QStringLiteral("y"));
-    QTest::mousePress(window_->OkButton(), Qt::RightButton);
-    QCOMPARE(window_->WorkSpace()->HiddenText(),
+    w_.window->EquationBox()->setEditText(QStringLiteral("x"));
+    QTest::mousePress(w_.window->OkButton(), Qt::LeftButton);
+    w_.window->EquationBox()->setEditText(QStringLiteral("y"));
+    QTest::mousePress(w_.window->OkButton(), Qt::RightButton);
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(),
              QStringLiteral("\nConsider  the expression  @y@  \n"));
   }
 
   void SimplifyButtonShowsOneStepAtATime() {
-    window_->EquationBox()->setEditText(QStringLiteral("x+x+(3)"));
-    window_->LoadTyped(false);
-    QTest::mousePress(window_->Button("cmdSimplify"), Qt::LeftButton);
-    QVERIFY(window_->WorkSpace()->HiddenText().contains(QStringLiteral("@x+x+3@")));
-    QVERIFY(!window_->WorkSpace()->HiddenText().contains(QStringLiteral("@2*x+3@")));
-    QTest::mousePress(window_->Button("cmdSimplify"), Qt::LeftButton);
-    QVERIFY(window_->WorkSpace()->HiddenText().contains(QStringLiteral("@2*x+3@")));
+    w_.window->EquationBox()->setEditText(QStringLiteral("x+x+(3)"));
+    w_.window->LoadTyped(false);
+    QTest::mousePress(w_.window->Button("cmdSimplify"), Qt::LeftButton);
+    QVERIFY(w_.window->WorkSpace()->HiddenText().contains(QStringLiteral("@x+x+3@")));
+    QVERIFY(!w_.window->WorkSpace()->HiddenText().contains(QStringLiteral("@2*x+3@")));
+    QTest::mousePress(w_.window->Button("cmdSimplify"), Qt::LeftButton);
+    QVERIFY(w_.window->WorkSpace()->HiddenText().contains(QStringLiteral("@2*x+3@")));
   }
 
   void LeftSideAndBack() {
-    window_->EquationBox()->setEditText(QStringLiteral("x+x=4"));
-    window_->LoadTyped(false);
-    QTest::mousePress(window_->Button("cmdDoLHS"), Qt::LeftButton);
-    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Left Side"));
-    QVERIFY(window_->Button("cmdShowEqnFrame")->isVisible());
-    QTest::mousePress(window_->Button("cmdShowEqnFrame"), Qt::LeftButton);
-    QCOMPARE(window_->VisiblePanelCaption(), QStringLiteral("Equation"));
+    w_.window->EquationBox()->setEditText(QStringLiteral("x+x=4"));
+    w_.window->LoadTyped(false);
+    QTest::mousePress(w_.window->Button("cmdDoLHS"), Qt::LeftButton);
+    QCOMPARE(w_.window->VisiblePanelCaption(), QStringLiteral("Left Side"));
+    QVERIFY(w_.window->Button("cmdShowEqnFrame")->isVisible());
+    QTest::mousePress(w_.window->Button("cmdShowEqnFrame"), Qt::LeftButton);
+    QCOMPARE(w_.window->VisiblePanelCaption(), QStringLiteral("Equation"));
   }
 
   void StatusPanelsCycleWhenClicked() {
     const QStringList detail = {"show steps one-by-one ", "show steps in a stream ",
                                 "show result only ", "show steps one-by-one "};
     for (const QString& text : detail) {
-      QCOMPARE(window_->Status(1)->text(), text);
-      QTest::mouseClick(window_->Status(1), Qt::LeftButton);
+      QCOMPARE(w_.window->Status(1)->text(), text);
+      QTest::mouseClick(w_.window->Status(1), Qt::LeftButton);
     }
     const QStringList complex = {"cplx arithmetic (using i) ", "cplx arithmetic (using j) ",
                                  "complex arithmetic (not using i or j) ", "real arithmetic only "};
     for (const QString& text : complex) {
-      QTest::mouseClick(window_->Status(2), Qt::LeftButton);
-      QCOMPARE(window_->Status(2)->text(), text);
+      QTest::mouseClick(w_.window->Status(2), Qt::LeftButton);
+      QCOMPARE(w_.window->Status(2)->text(), text);
     }
-    QTest::mouseClick(window_->Status(3), Qt::LeftButton);
-    QCOMPARE(window_->Status(3)->text(), QStringLiteral("floating pt. arithmetic "));
-    QTest::mouseClick(window_->Status(4), Qt::LeftButton);
-    QCOMPARE(window_->Status(4)->text(), QStringLiteral("degrees "));
-    QTest::mouseClick(window_->Status(5), Qt::LeftButton);
-    QCOMPARE(window_->Status(5)->text(), QStringLiteral("quads by graphing "));
-    QTest::mouseClick(window_->Status(7), Qt::LeftButton);
-    QCOMPARE(window_->Status(7)->text(), QStringLiteral("e = variable "));
-    QTest::mouseClick(window_->Status(8), Qt::LeftButton);
-    QCOMPARE(window_->Status(8)->text(), QStringLiteral("p = pi "));
-    QTest::mouseClick(window_->Status(9), Qt::LeftButton);
-    QCOMPARE(window_->Status(9)->text(), QStringLiteral("d = degrees "));
+    QTest::mouseClick(w_.window->Status(3), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(3)->text(), QStringLiteral("floating pt. arithmetic "));
+    QTest::mouseClick(w_.window->Status(4), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(4)->text(), QStringLiteral("degrees "));
+    QTest::mouseClick(w_.window->Status(5), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(5)->text(), QStringLiteral("quads by graphing "));
+    QTest::mouseClick(w_.window->Status(7), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(7)->text(), QStringLiteral("e = variable "));
+    QTest::mouseClick(w_.window->Status(8), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(8)->text(), QStringLiteral("p = pi "));
+    QTest::mouseClick(w_.window->Status(9), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(9)->text(), QStringLiteral("d = degrees "));
   }
 
   void UnknownPanelAsksForTheLetter() {
@@ -180,13 +159,13 @@ class MainWindowTest : public QObject {
       edit->setText(QStringLiteral("t"));
       QTest::keyClick(edit, Qt::Key_Return);
     });
-    QTest::mouseClick(window_->Status(6), Qt::LeftButton);
-    QCOMPARE(window_->Status(6)->text(), QStringLiteral("unknown = t "));
+    QTest::mouseClick(w_.window->Status(6), Qt::LeftButton);
+    QCOMPARE(w_.window->Status(6)->text(), QStringLiteral("unknown = t "));
   }
 
   void EvaluateAsksForTheValuesInADialog() {
-    window_->EquationBox()->setEditText(QStringLiteral("x^2+y"));
-    window_->LoadTyped(false);
+    w_.window->EquationBox()->setEditText(QStringLiteral("x^2+y"));
+    w_.window->LoadTyped(false);
     QStringList rows;
     WhenModal([&rows](QWidget* modal) {
       for (QLabel* label : modal->findChildren<QLabel*>()) rows << label->text();
@@ -195,10 +174,10 @@ class MainWindowTest : public QObject {
       y->setText(QStringLiteral("-1"));
       QTest::keyClick(y, Qt::Key_Return);
     });
-    QTest::mousePress(window_->Button("cmdEvaluate"), Qt::LeftButton);
+    QTest::mousePress(w_.window->Button("cmdEvaluate"), Qt::LeftButton);
     rows.sort();
     QCOMPARE(rows, QStringList({QStringLiteral("x ="), QStringLiteral("y =")}));
-    QVERIFY(window_->WorkSpace()->HiddenText().contains(
+    QVERIFY(w_.window->WorkSpace()->HiddenText().contains(
         QStringLiteral("With x = 3; y = -1 the expression evaluates to @8@ .")));
     // Cancel writes nothing; the suggestions are the values given last time.
     QString suggested;
@@ -206,15 +185,15 @@ class MainWindowTest : public QObject {
       suggested = modal->findChild<QLineEdit*>(QStringLiteral("value_x"))->text();
       QTest::keyClick(modal, Qt::Key_Escape);
     });
-    const QString before = window_->WorkSpace()->HiddenText();
-    QTest::mousePress(window_->Button("cmdEvaluate"), Qt::LeftButton);
+    const QString before = w_.window->WorkSpace()->HiddenText();
+    QTest::mousePress(w_.window->Button("cmdEvaluate"), Qt::LeftButton);
     QCOMPARE(suggested, QStringLiteral("3"));
-    QCOMPARE(window_->WorkSpace()->HiddenText(), before);
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(), before);
   }
 
   void EvaluateAsksAgainForARefusedValue() {
-    window_->EquationBox()->setEditText(QStringLiteral("x+1"));
-    window_->LoadTyped(false);
+    w_.window->EquationBox()->setEditText(QStringLiteral("x+1"));
+    w_.window->LoadTyped(false);
     QString refusal;
     QString suggested;
     int dialogs = 0;
@@ -242,27 +221,27 @@ class MainWindowTest : public QObject {
       QTest::keyClick(edit, Qt::Key_Return);
     };
     WhenModal(act);
-    QTest::mousePress(window_->Button("cmdEvaluate"), Qt::LeftButton);
+    QTest::mousePress(w_.window->Button("cmdEvaluate"), Qt::LeftButton);
     QCOMPARE(dialogs, 2);
     QCOMPARE(refusal,
              QStringLiteral("The value of x must be a number or an expression of numbers."));
     QCOMPARE(suggested, QStringLiteral("hello"));
-    QVERIFY(window_->WorkSpace()->HiddenText().contains(
+    QVERIFY(w_.window->WorkSpace()->HiddenText().contains(
         QStringLiteral("With x = 3 the expression evaluates to @4@ .")));
   }
 
   void PacingButtonGoesOnWithEnterAndStopsWithEsc() {
     WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Return); });
-    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Continue);
+    QCOMPARE(w_.frontend->WaitButton("", 10, 10), PauseInput::Continue);
     WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
-    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Escape);
+    QCOMPARE(w_.frontend->WaitButton("", 10, 10), PauseInput::Escape);
     WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_F1); });
-    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::Help);
+    QCOMPARE(w_.frontend->WaitButton("", 10, 10), PauseInput::Help);
     WhenModal([](QWidget* modal) {
       auto* dialog = qobject_cast<PacingDialog*>(modal);
       QTest::mousePress(dialog->ContinueButton(), Qt::RightButton);
     });
-    QCOMPARE(frontend_->WaitButton("", 10, 10), PauseInput::RightButton);
+    QCOMPARE(w_.frontend->WaitButton("", 10, 10), PauseInput::RightButton);
   }
 
   void PacingButtonStandsWhereItIsToldTo() {
@@ -271,7 +250,7 @@ class MainWindowTest : public QObject {
       where = modal->pos();
       QTest::keyClick(modal, Qt::Key_Return);
     });
-    frontend_->WaitButton("", 300, 200);
+    w_.frontend->WaitButton("", 300, 200);
     QCOMPARE(where, QPoint(300, 200));
   }
 
@@ -279,7 +258,7 @@ class MainWindowTest : public QObject {
     WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
     bool cancelled = false;
     try {
-      ShowWaitButton(*session_, "");
+      ShowWaitButton(*w_.session, "");
     } catch (const AppError& error) {
       cancelled = error.Number() == kErrorCancel;
     }
@@ -295,8 +274,8 @@ class MainWindowTest : public QObject {
         box->button(QMessageBox::No)->click();
       });
     });
-    ShowWaitButton(*session_, "");  // No: the solve goes on
-    QCOMPARE(session_->AutoSolveTag, std::string());
+    ShowWaitButton(*w_.session, "");  // No: the solve goes on
+    QCOMPARE(w_.session->AutoSolveTag, std::string());
   }
 
   void MessageBoxOffersItsHelpTopic() {
@@ -314,21 +293,21 @@ class MainWindowTest : public QObject {
       });
       button->click();
     });
-    frontend_->ShowMessageBox("Error in input string.", 2, MessageIcon::Information);
+    w_.frontend->ShowMessageBox("Error in input string.", 2, MessageIcon::Information);
     QVERIFY(help.contains(QStringLiteral("topic 2")));
   }
 
   void F1ShowsTheHelpTopicOfTheLastStep() {
-    window_->EquationBox()->setEditText(QStringLiteral("x+x"));
-    window_->LoadTyped(false);
-    QTest::mousePress(window_->Button("cmdSimplify"), Qt::LeftButton);
+    w_.window->EquationBox()->setEditText(QStringLiteral("x+x"));
+    w_.window->LoadTyped(false);
+    QTest::mousePress(w_.window->Button("cmdSimplify"), Qt::LeftButton);
     QString help;
     WhenModal([&help](QWidget* modal) {
       help = qobject_cast<QMessageBox*>(modal)->text();
       QTest::keyClick(modal, Qt::Key_Escape);
     });
-    window_->WorkSpace()->setFocus();
-    QTest::keyClick(window_->WorkSpace(), Qt::Key_F1);
+    w_.window->WorkSpace()->setFocus();
+    QTest::keyClick(w_.window->WorkSpace(), Qt::Key_F1);
     QCOMPARE(help, QStringLiteral("This step is explained in help topic 384."));
   }
 
@@ -338,33 +317,33 @@ class MainWindowTest : public QObject {
       QCOMPARE(view->HiddenText(), QStringLiteral("Divide by @2@\n"));
       QTest::keyClick(modal, Qt::Key_Escape);
     });
-    ShowHint(*session_, "Divide by @2@");
+    ShowHint(*w_.session, "Divide by @2@");
   }
 
   void ExpandButtonMultipliesOutOneStepAPress() {
-    window_->EquationBox()->setEditText(QStringLiteral("(x+1)^2"));
-    window_->LoadTyped(false);
-    QVERIFY(window_->Button("cmdExpand")->isEnabled());
-    QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
-    const QString first = window_->WorkSpace()->HiddenText();
+    w_.window->EquationBox()->setEditText(QStringLiteral("(x+1)^2"));
+    w_.window->LoadTyped(false);
+    QVERIFY(w_.window->Button("cmdExpand")->isEnabled());
+    QTest::mousePress(w_.window->Button("cmdExpand"), Qt::LeftButton);
+    const QString first = w_.window->WorkSpace()->HiddenText();
     QVERIFY(first.contains(
         QStringLiteral("In order to expand this, first express it as @(x+1)*(x+1)@ .")));
     QVERIFY(!first.contains(QStringLiteral("@x^2+2*x+1@")));
-    while (!window_->WorkSpace()->HiddenText().contains(QStringLiteral("nothing to expand"))) {
-      QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
+    while (!w_.window->WorkSpace()->HiddenText().contains(QStringLiteral("nothing to expand"))) {
+      QTest::mousePress(w_.window->Button("cmdExpand"), Qt::LeftButton);
     }
-    QVERIFY(window_->WorkSpace()->HiddenText().contains(QStringLiteral("@x^2+2*x+1@")));
-    QCOMPARE(QString::fromStdString(session_->Pool[kLeftRoot].Text), QStringLiteral("x^2+2*x+1"));
+    QVERIFY(w_.window->WorkSpace()->HiddenText().contains(QStringLiteral("@x^2+2*x+1@")));
+    QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text), QStringLiteral("x^2+2*x+1"));
   }
 
   void RightClickOnExpandExpandsADenominatorToo() {
-    window_->EquationBox()->setEditText(QStringLiteral("1/x/(x+1)"));
-    window_->LoadTyped(false);
-    QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
-    QVERIFY(
-        window_->WorkSpace()->HiddenText().contains(QStringLiteral("There is nothing to expand.")));
-    QTest::mousePress(window_->Button("cmdExpand"), Qt::RightButton);
-    QCOMPARE(QString::fromStdString(session_->Pool[kLeftRoot].Text), QStringLiteral("1/(x^2+x)"));
+    w_.window->EquationBox()->setEditText(QStringLiteral("1/x/(x+1)"));
+    w_.window->LoadTyped(false);
+    QTest::mousePress(w_.window->Button("cmdExpand"), Qt::LeftButton);
+    QVERIFY(w_.window->WorkSpace()->HiddenText().contains(
+        QStringLiteral("There is nothing to expand.")));
+    QTest::mousePress(w_.window->Button("cmdExpand"), Qt::RightButton);
+    QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text), QStringLiteral("1/(x^2+x)"));
   }
 
   void ExpandTellsASimplificationInAHintBox() {
@@ -374,18 +353,18 @@ class MainWindowTest : public QObject {
       hint = view != nullptr ? view->HiddenText() : QString();
       QTest::keyClick(modal, Qt::Key_Escape);
     });
-    window_->EquationBox()->setEditText(QStringLiteral("x+x"));
-    window_->LoadTyped(false);
-    const QString before = window_->WorkSpace()->HiddenText();
-    QTest::mousePress(window_->Button("cmdExpand"), Qt::LeftButton);
+    w_.window->EquationBox()->setEditText(QStringLiteral("x+x"));
+    w_.window->LoadTyped(false);
+    const QString before = w_.window->WorkSpace()->HiddenText();
+    QTest::mousePress(w_.window->Button("cmdExpand"), Qt::LeftButton);
     QCOMPARE(hint, QStringLiteral("Note:  The expression can be simplified like this:\n\n"
                                   "@x+x->2*x@  \n\nThere is nothing to expand.\n"));
-    QCOMPARE(window_->WorkSpace()->HiddenText(), before);
-    QCOMPARE(QString::fromStdString(session_->Pool[kLeftRoot].Text), QStringLiteral("x+x"));
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(), before);
+    QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text), QStringLiteral("x+x"));
   }
 
   void MathematicsSitsOnTheBaselineOfTheText() {
-    WorkSpaceView* view = window_->WorkSpace();
+    WorkSpaceView* view = w_.window->WorkSpace();
     view->Clear();
     const auto text = [](const char* t) {
       RichRun run;
@@ -396,7 +375,7 @@ class MainWindowTest : public QObject {
     const auto picture = [this](const char* t) {
       RichRun run;
       run.kind = RunKind::Picture;
-      run.picture = DrawExpression(*session_, frontend_->Metrics(), t);
+      run.picture = DrawExpression(*w_.session, w_.frontend->Metrics(), t);
       return run;
     };
     view->Append(text("HHHH "));
@@ -434,20 +413,20 @@ class MainWindowTest : public QObject {
   }
 
   void CopyingWritesTheMathematicsOut() {
-    window_->EquationBox()->setEditText(QStringLiteral("x^2/(x+1)=3"));
-    window_->LoadTyped(false);
-    window_->WorkSpace()->selectAll();
-    window_->WorkSpace()->copy();
+    w_.window->EquationBox()->setEditText(QStringLiteral("x^2/(x+1)=3"));
+    w_.window->LoadTyped(false);
+    w_.window->WorkSpace()->selectAll();
+    w_.window->WorkSpace()->copy();
     QCOMPARE(QApplication::clipboard()->text(),
              QStringLiteral("\nConsider  the equation  x^2/(x+1)=3  \n"));
   }
 
   void ExportKeepsThePictures() {
-    window_->EquationBox()->setEditText(QStringLiteral("1/2+x^2"));
-    window_->LoadTyped(false);
+    w_.window->EquationBox()->setEditText(QStringLiteral("1/2+x^2"));
+    w_.window->LoadTyped(false);
     QTemporaryDir dir;
     const QString html = dir.filePath(QStringLiteral("work.html"));
-    QVERIFY(window_->WorkSpace()->ExportHtml(html));
+    QVERIFY(w_.window->WorkSpace()->ExportHtml(html));
     QFile file(html);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString page = QString::fromUtf8(file.readAll());
@@ -455,7 +434,7 @@ class MainWindowTest : public QObject {
     QVERIFY(page.contains(QStringLiteral("alt=\"1/2+x^2\"")));
     QVERIFY(page.contains(QStringLiteral("data:image/png;base64,")));
     const QString pdf = dir.filePath(QStringLiteral("work.pdf"));
-    QVERIFY(window_->WorkSpace()->ExportPdf(pdf));
+    QVERIFY(w_.window->WorkSpace()->ExportPdf(pdf));
     QVERIFY(QFileInfo(pdf).size() > 1000);
   }
 
@@ -506,21 +485,19 @@ class MainWindowTest : public QObject {
 
   // The same answers inside the window: no modal form is opened.
   void UnattendedFrontEndAnswersWithTheDefaults() {
-    frontend_->SetUnattended(true);
-    QCOMPARE(frontend_->AskText("Enter the letter of the unknown", "x"),
+    w_.frontend->SetUnattended(true);
+    QCOMPARE(w_.frontend->AskText("Enter the letter of the unknown", "x"),
              std::optional<std::string>("x"));
-    QVERIFY(!frontend_->AskYesNo("Really want to stop AutoSolve?"));
-    QCOMPARE(frontend_->WaitButton("", 0, 0), PauseInput::Continue);
-    QCOMPARE(frontend_->AskValues({"x"}, {"2"}), std::optional<std::vector<std::string>>({"2"}));
-    QVERIFY(!frontend_->AskValues({"x", "y"}, {"2", ""}).has_value());
-    frontend_->ShowMessageBox("Error in Simplify.", 2, MessageIcon::Critical);
+    QVERIFY(!w_.frontend->AskYesNo("Really want to stop AutoSolve?"));
+    QCOMPARE(w_.frontend->WaitButton("", 0, 0), PauseInput::Continue);
+    QCOMPARE(w_.frontend->AskValues({"x"}, {"2"}), std::optional<std::vector<std::string>>({"2"}));
+    QVERIFY(!w_.frontend->AskValues({"x", "y"}, {"2", ""}).has_value());
+    w_.frontend->ShowMessageBox("Error in Simplify.", 2, MessageIcon::Critical);
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
   }
 
  private:
-  std::unique_ptr<QtFrontend> frontend_;
-  std::unique_ptr<Session> session_;
-  std::unique_ptr<MainWindow> window_;
+  WindowUnderTest w_;
 };
 
 }  // namespace tavimor

@@ -18,58 +18,37 @@
 #include "qt/qt_frontend.h"
 #include "shell/main_flow.h"
 #include "shell/settings.h"
+#include "support/window_fixture.h"
 
 namespace tavimor {
-
-namespace {
-
-QString Write(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes) {
-  const QString path = dir.filePath(name);
-  QFile file(path);
-  file.open(QIODevice::WriteOnly);
-  file.write(bytes);
-  return path;
-}
-
-}  // namespace
 
 class WindowLayoutTest : public QObject {
   Q_OBJECT
 
  private slots:
   void init() {
-    frontend_ = std::make_unique<QtFrontend>();
-    session_ = std::make_unique<Session>(*frontend_);
-    session_->SetFirstRunOptions();
-    StartUp(*session_, ".");
-    window_ = std::make_unique<MainWindow>(*session_);
-    frontend_->SetWindow(window_.get());
-    window_->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window_.get()));
+    w_.Open();
+    QVERIFY(QTest::qWaitForWindowExposed(w_.window.get()));
   }
 
-  void cleanup() {
-    window_.reset();
-    session_.reset();
-    frontend_.reset();
-  }
+  void cleanup() { w_.Close(); }
 
   void NextShowsTheNewProblemInTheBox() {
     QTemporaryDir dir;
-    QVERIFY(window_->OpenFile(Write(dir, QStringLiteral("three.txt"),
-                                    "Eqn:x+1=2\r\nComment:\r\nEqn:2*x=6\r\nComment:\r\n"
-                                    "Eqn:x-5=1\r\nComment:\r\n")));
-    QCOMPARE(window_->EquationBox()->currentText(), QStringLiteral("x+1=2"));
-    window_->LoadTyped(false);
-    window_->LoadNext(false);  // what the Next button runs
-    QCOMPARE(window_->EquationBox()->currentText(), QStringLiteral("2*x=6"));
-    QVERIFY(window_->WorkSpace()->HiddenText().endsWith(QStringLiteral("@2*x=6@  \n")));
-    window_->LoadNext(false);
-    QCOMPARE(window_->EquationBox()->currentText(), QStringLiteral("x-5=1"));
-    QCOMPARE(window_->EquationBox()->currentIndex(), 2);
+    QVERIFY(w_.window->OpenFile(WriteTestFile(dir, QStringLiteral("three.txt"),
+                                              "Eqn:x+1=2\r\nComment:\r\nEqn:2*x=6\r\nComment:\r\n"
+                                              "Eqn:x-5=1\r\nComment:\r\n")));
+    QCOMPARE(w_.window->EquationBox()->currentText(), QStringLiteral("x+1=2"));
+    w_.window->LoadTyped(false);
+    w_.window->LoadNext(false);  // what the Next button runs
+    QCOMPARE(w_.window->EquationBox()->currentText(), QStringLiteral("2*x=6"));
+    QVERIFY(w_.window->WorkSpace()->HiddenText().endsWith(QStringLiteral("@2*x=6@  \n")));
+    w_.window->LoadNext(false);
+    QCOMPARE(w_.window->EquationBox()->currentText(), QStringLiteral("x-5=1"));
+    QCOMPARE(w_.window->EquationBox()->currentIndex(), 2);
     // What OK loads now is the problem the box shows.
-    window_->LoadTyped(false);
-    QVERIFY(window_->WorkSpace()->HiddenText().endsWith(QStringLiteral("@x-5=1@  \n")));
+    w_.window->LoadTyped(false);
+    QVERIFY(w_.window->WorkSpace()->HiddenText().endsWith(QStringLiteral("@x-5=1@  \n")));
   }
 
   void HugeSavedFormSizeIsKeptWithinTheScreen() {
@@ -101,16 +80,16 @@ class WindowLayoutTest : public QObject {
   }
 
   void StatusPanelsAreWholeAtTheFirstRunSize() {
-    window_->resize(FormSizeOnScreen(12120.0f, 9480.0f, QSize(1366, 768)));
-    window_->EquationBox()->setEditText(QStringLiteral("x^2+2x+1=0"));
-    window_->LoadTyped(false);
+    w_.window->resize(FormSizeOnScreen(12120.0f, 9480.0f, QSize(1366, 768)));
+    w_.window->EquationBox()->setEditText(QStringLiteral("x^2+2x+1=0"));
+    w_.window->LoadTyped(false);
     QApplication::processEvents();
     for (int i = 1; i <= 9; ++i) {
-      StatusPanel* panel = window_->Status(i);
+      StatusPanel* panel = w_.window->Status(i);
       QVERIFY(panel->isVisible());
-      const QRect where(panel->mapTo(window_.get(), QPoint(0, 0)), panel->size());
+      const QRect where(panel->mapTo(w_.window.get(), QPoint(0, 0)), panel->size());
       QVERIFY2(panel->width() >= panel->sizeHint().width(), qPrintable(panel->text()));
-      QVERIFY2(where.right() < window_->width() && where.bottom() < window_->height(),
+      QVERIFY2(where.right() < w_.window->width() && where.bottom() < w_.window->height(),
                qPrintable(panel->text()));
     }
   }
@@ -118,29 +97,30 @@ class WindowLayoutTest : public QObject {
   void StatusPanelsSayWhatAClickChanges() {
     QSet<QString> tips;
     for (int i = 1; i <= 9; ++i) {
-      const QString tip = window_->Status(i)->toolTip();
+      const QString tip = w_.window->Status(i)->toolTip();
       QVERIFY(tip.startsWith(QStringLiteral("Click to ")));
       tips.insert(tip);
     }
     QCOMPARE(tips.size(), 9);
-    QVERIFY(window_->Status(4)->toolTip().contains(QStringLiteral("degrees and radians")));
-    QVERIFY(window_->Status(6)->toolTip().contains(QStringLiteral("unknown")));
+    QVERIFY(w_.window->Status(4)->toolTip().contains(QStringLiteral("degrees and radians")));
+    QVERIFY(w_.window->Status(6)->toolTip().contains(QStringLiteral("unknown")));
   }
 
   void TopicsPanelShowsWholeHeadings() {
-    window_->resize(FormSizeOnScreen(12120.0f, 9480.0f, QSize(1366, 768)));
+    w_.window->resize(FormSizeOnScreen(12120.0f, 9480.0f, QSize(1366, 768)));
     QTemporaryDir dir;
     const QByteArray sub = "Equations with radicals and rational exponents on both sides";
-    QVERIFY(window_->OpenFile(Write(dir, QStringLiteral("long.txt"),
-                                    "Topic:Solving equations of every kind\r\nComment:\r\n"
-                                    "SubTop:" +
-                                        sub +
-                                        "\r\nComment:\r\n"
-                                        "Eqn:x+3=7\r\nComment:\r\n")));
-    QListWidget* topics = window_->Topics()->Topics();
+    QVERIFY(
+        w_.window->OpenFile(WriteTestFile(dir, QStringLiteral("long.txt"),
+                                          "Topic:Solving equations of every kind\r\nComment:\r\n"
+                                          "SubTop:" +
+                                              sub +
+                                              "\r\nComment:\r\n"
+                                              "Eqn:x+3=7\r\nComment:\r\n")));
+    QListWidget* topics = w_.window->Topics()->Topics();
     emit topics->itemEntered(topics->item(0));
     QApplication::processEvents();
-    for (QListWidget* list : {topics, window_->Topics()->SubTopics()}) {
+    for (QListWidget* list : {topics, w_.window->Topics()->SubTopics()}) {
       QListWidgetItem* item = list->item(0);
       const QRect rect = list->visualItemRect(item);
       QVERIFY2(rect.width() >= list->fontMetrics().horizontalAdvance(item->text()),
@@ -150,7 +130,7 @@ class WindowLayoutTest : public QObject {
   }
 
   void OptionsDialogFitsASmallScreen() {
-    OptionsDialog dialog(*session_, window_.get());
+    OptionsDialog dialog(*w_.session, w_.window.get());
     dialog.show();
     QApplication::processEvents();
     const QRect available = dialog.screen()->availableGeometry();
@@ -165,9 +145,7 @@ class WindowLayoutTest : public QObject {
   }
 
  private:
-  std::unique_ptr<QtFrontend> frontend_;
-  std::unique_ptr<Session> session_;
-  std::unique_ptr<MainWindow> window_;
+  WindowUnderTest w_;
 };
 
 }  // namespace tavimor
