@@ -10,6 +10,7 @@
 #include "cli/json_output.h"
 #include "cli/tree_command.h"
 #include "core/message_box.h"
+#include "core/scoped_override.h"
 #include "core/validate.h"
 #include "present/text_picture.h"
 #include "shell/buttons.h"
@@ -90,11 +91,10 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     if (status != kExitOk && !frontend.Messages().empty()) error = frontend.Messages().back();
     // A refused line has no item of its own: the previous item, which the session keeps, is not
     // reported as this line's.
-    const std::string kept_kind = s.Form.item_kind;
+    ScopedOverride kept_kind(s.Form.item_kind);
     if (status != kExitOk) s.Form.item_kind.clear();
     out << WorkItemJson(s, frontend.WorkSpace(), frontend.Messages(), frontend.Hints(), error)
         << '\n';
-    s.Form.item_kind = kept_kind;
   } else if (status == kExitOk) {
     bool started = false;  // the work space opens with a line end
     for (const std::string& line : RenderForTerminal(s, frontend.WorkSpace())) {

@@ -80,9 +80,10 @@ void FinishRewrite(Session& s, NodeIdx& root, NodeIdx changed, std::string& reco
   if (changed != root && (role == kRolePlus || role == kRoleMinus)) {
     const NodeIdx sum = ParentOf(s, changed);
     NodeIdx& slot = sum == root ? root : SlotOf(s, sum);
-    const std::string message = s.Message;
-    FlattenSumBrackets(s, slot, true);
-    s.Message = message;
+    {
+      ScopedOverride message(s.Message);
+      FlattenSumBrackets(s, slot, true);
+    }
     RegenerateAll(s, root);
   }
   SetField(record, 4, s.Pool[root].Text);
@@ -116,9 +117,8 @@ bool LowPowerAt(Session& s, NodeIdx& root, NodeIdx& slot, std::string& record) {
   if (!PowerOfSum(s, slot, exponent, terms) || exponent + terms >= 6) return false;
   ReplaceNodeContents(s, slot, PowerToProduct(s, slot), true);
   if (s.Pool[slot].Role == kRoleDenominator) {
-    const std::string message = s.Message;
+    ScopedOverride message(s.Message);
     CollapseProductSigns(s, slot);
-    s.Message = message;
   }
   // Simplifying now would collect b*b back into b^2: the product waits for pass 1.
   FinishRewrite(s, root, slot, record, false);

@@ -8,6 +8,7 @@
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
+#include "manipulate/distribute.h"
 #include "manipulate/expand.h"
 #include "present/step_markup.h"
 #include "present/work_space.h"
@@ -35,11 +36,6 @@ bool SimplifyTreeSilently(Session& s, NodeIdx& root) {
 bool IsSumNode(const Session& s, NodeIdx n) {
   const NodeIdx first = s.Pool[n].FirstChild;
   return first != kNoNode && IsSumRole(s.Pool[first].Role);
-}
-
-bool IsBracketedSumNode(const Session& s, NodeIdx n) {
-  const ExprNode& node = s.Pool[n];
-  return (node.Kind == kKindBracket || node.Kind == kKindHiddenBracket) && IsSumNode(s, n);
 }
 
 // The node whose text is factored: a function's argument or a power's base is the node below.
@@ -125,7 +121,7 @@ bool FactorTree(Session& s, NodeIdx& slot, std::string& record, const std::strin
       if (FactorPart(s, slot, c, kPlaceRootFactor, record, mode)) return true;
     } else if (factor.Kind == kKindPower) {
       if (FactorPart(s, slot, PowerBase(s, c), kPlacePowerFactor, record, mode)) return true;
-    } else if (IsBracketedSumNode(s, c)) {
+    } else if (IsBracketedSum(s, c)) {
       if (FactorPart(s, slot, c, kPlaceBracketFactor, record, mode)) return true;
     }
   }

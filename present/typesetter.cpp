@@ -589,12 +589,12 @@ std::shared_ptr<TextSides> NewTextSides(const Session& s) {
 
 std::string RelationString(int code) {
   switch (code) {
-    case 1: return " = ";
-    case 2: return " < ";
-    case 3: return " > ";
-    case 4: return std::string(" ") + kAtMost + " ";
-    case 5: return std::string(" ") + kAtLeast + " ";
-    case 6: return std::string("  ") + kArrow + "  ";
+    case kRelationEquals: return " = ";
+    case kRelationLess: return " < ";
+    case kRelationGreater: return " > ";
+    case kRelationLessOrEqual: return std::string(" ") + kAtMost + " ";
+    case kRelationGreaterOrEqual: return std::string(" ") + kAtLeast + " ";
+    case kRelationArrow: return std::string("  ") + kArrow + "  ";
     default: return " ";
   }
 }

@@ -10,6 +10,7 @@
 #include "core/errors.h"
 #include "core/node_pool.h"
 #include "core/node_queries.h"
+#include "core/node_shape.h"
 #include "core/number_text.h"
 #include "core/regenerate.h"
 #include "manipulate/factor.h"
@@ -45,16 +46,32 @@ std::string NumberArgument(const Session& s, const ExprNode& node) {
 
 // Whether a factor is never negative for real values of its letters: a number at or above 0, an
 // even whole power, a square root, an exponential.
+bool IsNegativeNumber(const Session& s, const ExprNode& node) {
+  return node.Kind == kKindNumber && IsNumberToken(s, node.Text) && node.Text[0] == '-';
+}
+
 bool KnownNonNegative(const Session& s, NodeIdx n) {
   const ExprNode& node = s.Pool[n];
-  if (node.Kind == kKindNumber) return IsNumberToken(s, node.Text) && node.Text[0] != '-';
-  if (IsSquareRoot(node) || IsFunctionNamed(node, "exp")) return true;
-  if (node.Kind != kKindPower) return false;
-  const ExprNode& exponent = s.Pool[node.FirstChild];
-  const ExprNode& base = s.Pool[exponent.Next];
-  if (s.SpecialE && base.Kind == kKindVariable && base.Text == "e") return true;
-  if (exponent.Kind != kKindNumber || !IsIntegerText(s, exponent.Text)) return false;
-  return std::llabs(std::atoll(exponent.Text.c_str())) % 2 == 0;
+  switch (ShapeOf(s.Pool, n)) {
+    case Shape::Number: return IsNumberToken(s, node.Text) && !IsNegativeNumber(s, node);
+    case Shape::SquareRoot: return true;
+    case Shape::Function: return IsFunctionNamed(node, "exp");
+    case Shape::Power: {
+      const ExprNode& exponent = s.Pool[node.FirstChild];
+      const ExprNode& base = s.Pool[exponent.Next];
+      if (s.SpecialE && base.Kind == kKindVariable && base.Text == "e") return true;
+      if (exponent.Kind != kKindNumber || !IsIntegerText(s, exponent.Text)) return false;
+      return std::llabs(std::atoll(exponent.Text.c_str())) % 2 == 0;
+    }
+    case Shape::Letter:
+    case Shape::Sum:
+    case Shape::Product:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::OneChild:
+    case Shape::Broken: return false;
+  }
+  return false;
 }
 
 }  // namespace
@@ -260,10 +277,7 @@ bool SplitFractionRoot(Session& s, NodeIdx& slot) {
   // sqrt(a/b) = sqrt(a)/sqrt(b) fails only for a >= 0 and b < 0 (sqrt(1/(-1)) is i, but
   // sqrt(1)/sqrt(-1) is -i): the denominator must be known not to be negative, or the numerator
   // a negative number.
-  const ExprNode& top = s.Pool[first];
-  const bool negative_number =
-      top.Kind == kKindNumber && IsNumberToken(s, top.Text) && top.Text[0] == '-';
-  if (!KnownNonNegative(s, second) && !negative_number) return false;
+  if (!KnownNonNegative(s, second) && !IsNegativeNumber(s, s.Pool[first])) return false;
   const std::string new_text =
       "sqrt(" + NormalisedText(s, first) + ")/sqrt(" + NormalisedText(s, second) + ")";
   RewriteFunction(s, slot, new_text, "94#Simplify by splitting up the square root of a fraction.");

@@ -58,17 +58,19 @@ const std::vector<PassRow> kPasses = {
 bool Matches(const Session& s, NodeIdx n, Where where) {
   // A sum or a product is met where it stands: on its own, or as the content of a bracket or a
   // function.
-  const Shape content = ContentShapeOf(s.Pool, n);
-  const Shape shape = ShapeOf(s.Pool, n);
   switch (where) {
     case Where::Any: return true;
-    case Where::Sum: return content == Shape::Sum;
+    case Where::Sum: return ContentShapeOf(s.Pool, n) == Shape::Sum;
     case Where::Product:  // in house form a product begins with a numerator
-      return content == Shape::Product && s.Pool[s.Pool[n].FirstChild].Role == kRoleNumerator;
-    case Where::Power: return shape == Shape::Power;
-    case Where::Function: return shape == Shape::Function || shape == Shape::SquareRoot;
-    case Where::Variable: return shape == Shape::Letter;
-    case Where::Number: return shape == Shape::Number;
+      return ContentShapeOf(s.Pool, n) == Shape::Product &&
+             s.Pool[s.Pool[n].FirstChild].Role == kRoleNumerator;
+    case Where::Power: return ShapeOf(s.Pool, n) == Shape::Power;
+    case Where::Function: {
+      const Shape shape = ShapeOf(s.Pool, n);
+      return shape == Shape::Function || shape == Shape::SquareRoot;
+    }
+    case Where::Variable: return ShapeOf(s.Pool, n) == Shape::Letter;
+    case Where::Number: return ShapeOf(s.Pool, n) == Shape::Number;
   }
   return false;
 }
