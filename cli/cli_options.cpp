@@ -110,7 +110,10 @@ int ParseArguments(const std::vector<std::string>& all, CliOptions& options,
     }
     if (arg == "--help" || arg == "-h") {
       std::cout << kUsage;
+      std::vector<std::string> told;  // a word two buttons share is told once
       for (const CommandWord& word : CommandWords()) {
+        if (std::find(told.begin(), told.end(), word.word) != told.end()) continue;
+        told.emplace_back(word.word);
         std::cout << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ')
                   << word.what << (ButtonIsBuilt(word.button) ? "" : " (still to come)") << '\n';
       }
