@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <string_view>
 
 #include "cli/cli_session.h"
 #include "cli/json_output.h"
@@ -91,9 +92,10 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     for (std::size_t k = 0; k < words.size(); ++k) {
       const std::string& word = words[k];
       std::string refusal;
-      // sig-figs N: the figures the dialog takes; a number is read as the figures.
-      if (word == kFiguresWord && k + 1 < words.size() &&
-          words[k + 1].find_first_not_of("0123456789") == std::string::npos) {
+      // sig-figs N: the figures the dialog takes; a word that starts like a number is read as
+      // the figures (and refused when it is not 1 to 20).
+      if (word == kFiguresWord && k + 1 < words.size() && !words[k + 1].empty() &&
+          std::string_view("0123456789-+.").find(words[k + 1][0]) != std::string_view::npos) {
         int figures = 0;
         if (!ReadFiguresArgument(words[++k], figures, refusal)) {
           std::cerr << refusal << '\n';

@@ -12,9 +12,9 @@ namespace tavimor {
 // The largest integer the fraction tools handle, as the overflow message names it.
 inline constexpr const char* kLcdLimitText = "2147483648";
 
-// The sentence of a fraction that needs no steps (undefined, zero, an integer, a numerator of
-// size 1), with its help number and the fraction written after it (empty for none). False, and
-// nothing written, when the fraction needs the steps.
+// Writes the sentence of a fraction that needs no steps (undefined, zero, an integer, a
+// numerator of size 1) with its help number, and the fraction after it where the sentence asks
+// for one. False, and nothing written, when the fraction needs the steps.
 bool TrivialFraction(Session& s, std::int32_t n, std::int32_t d);
 
 // Shows how n/d is simplified: the trivial cases, else the numerator and denominator factored

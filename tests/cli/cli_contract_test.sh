@@ -343,6 +343,15 @@ contains "a number beyond the largest float is refused" "$too_large" '"kind": nu
   "The number  1E309  is too large"
 
 # The Fraction panel and the Number panel.
+help=$("$cli" --help)
+contains "help tells each word once, the words of the fraction and number tools built" "$help" \
+  "  reduce                reduce the fraction to lowest terms
+" "  add-fractions         add the fractions
+" "  sig-figs              the number to N significant figures (sig-figs N, 1 to 20)
+" "  prime-factors         the number's prime factors
+"
+[ "$(printf '%s\n' "$help" | grep -c '^  add-fractions ')" = 1 ] &&
+  echo "ok: add-fractions is told once" || { echo "FAIL: add-fractions told more than once"; failures=$((failures + 1)); }
 out=$("$cli" "6/8" reduce 2>&1)
 contains "reduce narrates a fraction to lowest terms" "$out" \
   "To simplify this fraction, factor the numerator and the denominator completely" \
@@ -371,6 +380,8 @@ out=$("$cli" "2" sig-figs 2>&1)
 contains "sig-figs alone takes 3 figures" "$out" "The number 2 expressed to 3 significant figures is 2.00"
 check "sig-figs out of range is a usage mistake" 64 "" \
   "sig-figs takes the number of significant figures, 1 to 20, not \"25\"." "2" sig-figs 25
+check "sig-figs with a negative count is a usage mistake" 64 "" \
+  "sig-figs takes the number of significant figures, 1 to 20, not \"-3\"." "2" sig-figs -3
 out=$("$cli" "-12" prime-factors 2>&1)
 contains "prime-factors factors the whole number" "$out" \
   "The number -12 in factored form is -2 * 2 * 3" "  Number to be factored:  -12" \
