@@ -393,6 +393,10 @@ contains "json carries the prime-factor dialog" "$json" \
   "The number 97 is prime and can't be factored"
 check "prime-factors of a non-integer is not on offer" 3 "" \
   "The command \"prime-factors\" is not on offer now." "3.5" prime-factors
+out=$(printf '2\nsig-figs\n25\n5\nquit\n' | "$cli" 2>"$work/err")
+contains "the tutor asks for the figures and asks again for a count out of range" "$out" \
+  "Significant figures for 2 (1 to 20) [3] " "The figures are a whole number from 1 to 20." \
+  "The number 2 expressed to 5 significant figures is 2.0000"
 out=$(printf -- '-12\nprime-factors\n\n\nsig-figs 4\nquit\n' | "$cli" --set "Streaming output=False" 2>"$work/err")
 contains "the tutor factors one step an Enter, and takes sig-figs N" "$out" \
   "[Number] commands: sig-figs, prime-factors" "[Enter: next factor   q: close]" \

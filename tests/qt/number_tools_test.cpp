@@ -90,6 +90,20 @@ class NumberToolsWindowTest : public QObject {
     QCOMPARE(QApplication::activeModalWidget(), nullptr);
   }
 
+  void ClosingEitherDialogWritesNothing() {
+    Load("360");
+    const QString before = w_.window->WorkSpace()->HiddenText();
+    WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
+    QTest::mousePress(w_.window->Button("cmdSigFigs"), Qt::LeftButton);
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(), before);
+    WhenModal([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
+    QTest::mousePress(w_.window->Button("cmdFactor"), Qt::LeftButton);
+    QCOMPARE(w_.window->WorkSpace()->HiddenText(), before);
+    QCOMPARE(QApplication::activeModalWidget(), nullptr);
+    // The tools stay on offer for another try.
+    QVERIFY(w_.window->Button("cmdFactor")->isEnabled());
+  }
+
   void FactorButtonIsDisabledForANonInteger() {
     Load("3.5");
     QVERIFY(!w_.window->Button("cmdFactor")->isEnabled());
