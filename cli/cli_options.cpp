@@ -110,9 +110,17 @@ int ParseArguments(const std::vector<std::string>& all, CliOptions& options,
     }
     if (arg == "--help" || arg == "-h") {
       std::cout << kUsage;
+      std::vector<std::string> told;  // a word two buttons share is told once
       for (const CommandWord& word : CommandWords()) {
+        if (std::find(told.begin(), told.end(), word.word) != told.end()) continue;
+        told.emplace_back(word.word);
+        // Still to come while none of the word's buttons is built.
+        const bool built = std::any_of(
+            CommandWords().begin(), CommandWords().end(), [&word](const CommandWord& other) {
+              return std::string(other.word) == word.word && ButtonIsBuilt(other.button);
+            });
         std::cout << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ')
-                  << word.what << (ButtonIsBuilt(word.button) ? "" : " (still to come)") << '\n';
+                  << word.what << (built ? "" : " (still to come)") << '\n';
       }
       std::cout << "\nOption keys (first-run values):\n";
       TerminalFrontend frontend(std::cout, std::cerr, std::cin, false);

@@ -1,6 +1,7 @@
 // The interactive tutor: one line a command or an item, with line editing at a terminal.
 #include "cli/interactive_tutor.h"
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -47,13 +48,20 @@ const std::vector<std::string> kSessionWords = {"help", "status", "clear", "quit
 
 std::vector<std::string> AllWords() {
   std::vector<std::string> words;
-  for (const CommandWord& word : CommandWords()) words.emplace_back(word.word);
+  for (const CommandWord& word : CommandWords()) {
+    if (std::find(words.begin(), words.end(), word.word) == words.end()) {
+      words.emplace_back(word.word);
+    }
+  }
   for (const std::string& word : kSessionWords) words.push_back(word);
   return words;
 }
 
 void PrintHelp(std::ostream& out) {
+  std::vector<std::string> told;  // a word two buttons share is told once
   for (const CommandWord& word : CommandWords()) {
+    if (std::find(told.begin(), told.end(), word.word) != told.end()) continue;
+    told.emplace_back(word.word);
     out << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ') << word.what
         << '\n';
   }
@@ -136,6 +144,17 @@ class InteractiveTutor {
       std::cout << "load takes the item to load, for example: load hint\n";
     } else if (line.rfind("load ", 0) == 0) {
       Load(line.substr(5));
+    } else if (line.rfind(std::string(kFiguresWord) + " ", 0) == 0) {
+      int figures = 0;
+      std::string refusal;
+      if (!ReadFiguresArgument(line.substr(std::string(kFiguresWord).size() + 1), figures,
+                               refusal)) {
+        std::cout << refusal << '\n';
+      } else {
+        frontend_.SetFiguresAnswer(figures);
+        Command(kFiguresWord);
+        frontend_.SetFiguresAnswer(std::nullopt);
+      }
     } else if (FindCommandWord(line) != nullptr) {
       Command(line);
     } else if (const std::string guess = GuessCommandWord(line, AllWords()); !guess.empty()) {

@@ -44,7 +44,8 @@ std::string JsonString(const std::string& text) {
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,
                          const std::vector<std::string>& hints,
-                         const std::optional<std::string>& error, bool show_item) {
+                         const std::optional<std::string>& error, bool show_item,
+                         const std::vector<std::string>& dialog) {
   const bool loaded = show_item && !s.Form.item_kind.empty();
   const std::vector<std::string> status(s.Form.status_panels.begin(), s.Form.status_panels.end());
   std::string out = "{";
@@ -59,6 +60,7 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
   out += ", \"messages\": " + JsonList(messages);
   out += ", \"hints\": " + JsonList(hints);
   out += ", \"error\": " + (error ? JsonString(*error) : std::string("null"));
+  out += ", \"dialog\": " + JsonList(dialog);
   return out + "}";
 }
 

@@ -14,11 +14,13 @@ namespace tavimor {
 // characters escaped.
 std::string JsonString(const std::string& text);
 
-// kind, panel, left, right, transcript, help, status, messages, hints, error. Without
-// `show_item` (a line that was never loaded) kind and panel are null and the sides empty.
+// kind, panel, left, right, transcript, help, status, messages, hints, error, dialog (the lines
+// the last tool dialog showed). Without `show_item` (a line that was never loaded) kind and
+// panel are null and the sides empty.
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,
                          const std::vector<std::string>& hints,
-                         const std::optional<std::string>& error, bool show_item = true);
+                         const std::optional<std::string>& error, bool show_item = true,
+                         const std::vector<std::string>& dialog = {});
 
 }  // namespace tavimor

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <string_view>
 
 #include "cli/cli_session.h"
 #include "cli/json_output.h"
@@ -35,7 +36,7 @@ int RefuseLine(Session& s, const std::string& problem, bool json, std::ostream& 
 
 bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error,
              std::string& refusal) {
-  const CommandWord* entry = FindCommandWord(word);
+  const CommandWord* entry = FindCommandWord(word, s.Form.visible_panel);
   if (entry == nullptr) {
     refusal =
         "Unknown command \"" + PrintableText(word) + "\". 'tavimor-cli --help' lists the commands.";
@@ -63,6 +64,17 @@ bool RunWord(Session& s, const std::string& word, std::optional<std::string>& er
   return false;
 }
 
+bool ReadFiguresArgument(const std::string& text, int& figures, std::string& refusal) {
+  const bool digits = !text.empty() && text.size() <= 2 &&
+                      text.find_first_not_of("0123456789") == std::string::npos;
+  figures = digits ? std::stoi(text) : 0;
+  if (figures >= 1 && figures <= 20) return true;
+  refusal = std::string(kFiguresWord) +
+            " takes the number of significant figures, 1 to 20, not \"" + PrintableText(text) +
+            "\".";
+  return false;
+}
+
 int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
             const std::vector<std::string>& words, bool json, std::ostream& out) {
   frontend.Reset();
@@ -77,8 +89,22 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     status = kExitRefused;
   }
   if (status == kExitOk) {
-    for (const std::string& word : words) {
+    for (std::size_t k = 0; k < words.size(); ++k) {
+      const std::string& word = words[k];
       std::string refusal;
+      // sig-figs N: the figures the dialog takes; a word that starts like a number is read as
+      // the figures (and refused when it is not 1 to 20).
+      if (word == kFiguresWord && k + 1 < words.size() && !words[k + 1].empty() &&
+          std::string_view("0123456789-+.").find(words[k + 1][0]) != std::string_view::npos) {
+        int figures = 0;
+        if (!ReadFiguresArgument(words[++k], figures, refusal)) {
+          std::cerr << refusal << '\n';
+          error = refusal;
+          status = kExitUsage;
+          break;
+        }
+        frontend.SetFiguresAnswer(figures);
+      }
       if (!RunWord(s, word, error, refusal)) {
         std::cerr << refusal << '\n';
         error = refusal;
@@ -93,13 +119,20 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     // reported as this line's.
     ScopedOverride kept_kind(s.Form.item_kind);
     if (status != kExitOk) s.Form.item_kind.clear();
-    out << WorkItemJson(s, frontend.WorkSpace(), frontend.Messages(), frontend.Hints(), error)
+    out << WorkItemJson(s, frontend.WorkSpace(), frontend.Messages(), frontend.Hints(), error, true,
+                        frontend.DialogLines())
         << '\n';
   } else if (status == kExitOk) {
     bool started = false;  // the work space opens with a line end
     for (const std::string& line : RenderForTerminal(s, frontend.WorkSpace())) {
       started = started || !line.empty();
       if (started) out << PrintableText(line) << '\n';
+    }
+    if (!frontend.DialogLines().empty()) {
+      out << "Dialog:\n";
+      for (const std::string& line : frontend.DialogLines()) {
+        out << "  " << PrintableText(line) << '\n';
+      }
     }
     for (const RichText& hint : frontend.HintBodies()) {
       out << "Hint:\n";

@@ -163,6 +163,9 @@ void TerminalFrontend::Reset() {
   missing_values_.clear();
   refused_values_.clear();
   ask_again_.clear();
+  figures_answer_.reset();
+  dialog_lines_.clear();
+  dialog_lines_printed_ = 0;
 }
 
 PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {
@@ -261,6 +264,63 @@ bool TerminalFrontend::AskValueAgain(const std::string& letter) {
 void TerminalFrontend::ShowHelp(int help_number) {
   Flush();
   err_ << "(help topic " << help_number << ")\n" << std::flush;
+}
+
+std::optional<int> TerminalFrontend::AskSignificantFigures(const std::string& number, int figures) {
+  std::optional<int> chosen = figures_answer_;
+  figures_answer_.reset();
+  if (!chosen && live_) {
+    Flush();
+    for (;;) {
+      std::string answer;
+      if (!ReadAnswer("Significant figures for " + PrintableText(number) + " (1 to 20) [" +
+                          std::to_string(figures) + "] ",
+                      answer)) {
+        return std::nullopt;
+      }
+      if (answer.empty()) {
+        chosen = figures;
+        break;
+      }
+      if (answer.size() <= 2 && answer.find_first_not_of("0123456789") == std::string::npos) {
+        const int typed = std::stoi(answer);
+        if (typed >= 1 && typed <= 20) {
+          chosen = typed;
+          break;
+        }
+      }
+      out_ << "The figures are a whole number from 1 to 20.\n";
+    }
+  }
+  if (!chosen) chosen = figures;
+  dialog_lines_ = {"Number:  " + number, "Significant figures:  " + std::to_string(*chosen)};
+  return chosen;
+}
+
+bool TerminalFrontend::ShowFactorForm(const std::string& box, const std::string& caption) {
+  std::vector<std::string> lines;
+  for (std::size_t at = 0;;) {
+    const std::size_t end = box.find("\r\n", at);
+    lines.push_back(box.substr(at, end == std::string::npos ? end : end - at));
+    if (end == std::string::npos) break;
+    at = end + 2;
+  }
+  if (lines.size() <= 1) dialog_lines_printed_ = 0;  // a new dialog
+  dialog_lines_ = lines;
+  if (!live_) return true;
+  Flush();
+  for (; dialog_lines_printed_ < dialog_lines_.size(); ++dialog_lines_printed_) {
+    out_ << "  " << PrintableText(dialog_lines_[dialog_lines_printed_]) << '\n';
+  }
+  out_ << std::flush;
+  // The button reads "Close" at the end; one factor a press before it when steps come one at a
+  // time.
+  if (caption == "Close" || s_ == nullptr || s_->SolveDetail == 0 || s_->StreamingOutput) {
+    return true;
+  }
+  std::string answer;
+  if (!ReadAnswer("  [Enter: next factor   q: close] ", answer)) return false;
+  return !(answer == "q" || answer == "Q");
 }
 
 }  // namespace tavimor

@@ -61,6 +61,15 @@ class TerminalFrontend : public Frontend {
       const std::vector<std::string>& suggestions) override;
   bool AskValueAgain(const std::string& letter) override;
   void ShowHelp(int help_number) override;
+  std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
+  bool ShowFactorForm(const std::string& box, const std::string& caption) override;
+
+  // The figures the next significant-figures dialog takes (sig-figs N); else the live tutor
+  // asks, and a one-shot run takes the dialog's start.
+  void SetFiguresAnswer(std::optional<int> figures) { figures_answer_ = figures; }
+  // The lines the last tool dialog showed (the prime-factor box, the number and its figures),
+  // since the last Reset.
+  const std::vector<std::string>& DialogLines() const { return dialog_lines_; }
 
   // Values given beforehand ("x" -> "2"), answered for those letters without asking.
   void SetGivenValues(std::vector<std::pair<std::string, std::string>> values) {
@@ -102,6 +111,9 @@ class TerminalFrontend : public Frontend {
   std::vector<std::string> refused_values_;
   // Letters whose given value was refused: asked for at the prompt.
   std::vector<std::string> ask_again_;
+  std::optional<int> figures_answer_;
+  std::vector<std::string> dialog_lines_;
+  std::size_t dialog_lines_printed_ = 0;  // live mode: lines of the box already printed
 };
 
 }  // namespace tavimor

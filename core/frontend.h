@@ -11,7 +11,7 @@ struct RichRun;
 class FontMetrics;
 using RichText = std::vector<RichRun>;
 
-enum class MessageIcon { Information, Critical };
+enum class MessageIcon { Information, Critical, Exclamation };
 
 // What the student did at the pacing button.
 enum class PauseInput {
@@ -57,6 +57,15 @@ class Frontend {
   virtual bool AskValueAgain(const std::string& /*letter*/) { return true; }
   // The help topic with that number.
   virtual void ShowHelp(int help_number) = 0;
+
+  // The number tools of the Number panel.
+  // The significant-figures dialog on the number, its figures box starting at `figures` (1 to
+  // 20): the figures chosen with OK, or nothing when the dialog is closed.
+  virtual std::optional<int> AskSignificantFigures(const std::string& number, int figures) = 0;
+  // The prime-factor dialog shows the text of its box and its button's caption ("OK", then
+  // "Close"), and waits: true when the button was pressed, false when the dialog was closed. A
+  // press of "Close" closes the dialog.
+  virtual bool ShowFactorForm(const std::string& box, const std::string& caption) = 0;
 };
 
 }  // namespace tavimor

@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
   window.EquationBox()->setEditText(QString::fromLocal8Bit(argv[3]));
   window.LoadTyped(false);
   for (int i = 4; i < argc; ++i) {
-    const CommandWord* word = FindCommandWord(argv[i]);
+    const CommandWord* word = FindCommandWord(argv[i], s.Form.visible_panel);
     if (word == nullptr) {
       std::cerr << "Unknown command \"" << argv[i] << "\".\n";
       return 3;

@@ -28,7 +28,7 @@ constexpr int kUnattendedValueQuestions = 10;
 void Tell(const std::string& what, const std::string& text) {
   std::string line = text;
   for (char& c : line) {
-    if (c == '\n') c = ' ';
+    if (c == '\n' || c == '\r') c = ' ';
   }
   std::cerr << what << ": " << line << "\n";
 }
@@ -96,9 +96,11 @@ void QtFrontend::ShowMessageBox(const std::string& text, int help_number, Messag
     Tell("Message", text);
     return;
   }
-  QMessageBox box(icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::Information,
-                  QStringLiteral("The Tavimor"), QString::fromStdString(text), QMessageBox::Ok,
-                  window_);
+  const QMessageBox::Icon shown = icon == MessageIcon::Critical      ? QMessageBox::Critical
+                                  : icon == MessageIcon::Exclamation ? QMessageBox::Warning
+                                                                     : QMessageBox::Information;
+  QMessageBox box(shown, QStringLiteral("The Tavimor"), QString::fromStdString(text),
+                  QMessageBox::Ok, window_);
   QPushButton* help = nullptr;
   if (help_number != 0) help = box.addButton(QStringLiteral("Help"), QMessageBox::HelpRole);
   box.setEscapeButton(QMessageBox::Ok);
@@ -202,6 +204,29 @@ void QtFrontend::ShowHelp(int help_number) {
   QMessageBox::information(
       window_, QStringLiteral("Help"),
       QStringLiteral("This step is explained in help topic %1.").arg(help_number));
+}
+
+std::optional<int> QtFrontend::AskSignificantFigures(const std::string& number, int figures) {
+  if (unattended_) {
+    Tell("Significant figures of " + number, std::to_string(figures));
+    return figures;
+  }
+  SigFigsForm form(window_, number, figures);
+  if (form.exec() != QDialog::Accepted) return std::nullopt;
+  return form.Figures();
+}
+
+bool QtFrontend::ShowFactorForm(const std::string& box, const std::string& caption) {
+  if (unattended_) {
+    Tell("Prime factors", box);
+    return true;
+  }
+  if (factor_form_ == nullptr) factor_form_ = std::make_unique<FactorForm>(window_);
+  factor_form_->Show(box, caption);
+  const bool pressed = factor_form_->exec() == QDialog::Accepted;
+  // The button pressed as "Close", or the dialog closed: it is gone.
+  if (!pressed || caption == "Close") factor_form_.reset();
+  return pressed;
 }
 
 }  // namespace tavimor

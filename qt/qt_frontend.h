@@ -4,9 +4,11 @@
 
 #include <QDialog>
 #include <QPushButton>
+#include <memory>
 
 #include "core/frontend.h"
 #include "qt/display_painter.h"
+#include "qt/number_tools_dialogs.h"
 
 namespace tavimor {
 
@@ -53,8 +55,12 @@ class QtFrontend : public Frontend {
       const std::vector<std::string>& letters,
       const std::vector<std::string>& suggestions) override;
   void ShowHelp(int help_number) override;
+  std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
+  bool ShowFactorForm(const std::string& box, const std::string& caption) override;
 
  private:
+  // The prime-factor dialog while it is open.
+  std::unique_ptr<FactorForm> factor_form_;
   MainWindow* window_ = nullptr;
   QtFontMetrics metrics_;
   bool unattended_ = false;

@@ -10,6 +10,8 @@
 #include "shell/command_frame.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
+#include "shell/commands/fraction_panel_command.h"
+#include "shell/commands/number_tools_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -56,9 +58,10 @@ const std::vector<CommandRow> kRows = {
   // The Number panel.
   {"cmdSigFigs", On(kPanelNumber), "Significant figures",
    "Show the number expressed to any number of significant figures",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"sig-figs", "the number to N significant figures (sig-figs N, 1 to 20)"}, kNoWord, kNoFrame,
+   nullptr, &cmdSigFigs},
   {"cmdFactor", On(kPanelNumber), "Prime factors", "Factor the integer into prime numbers",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"prime-factors", "the number's prime factors"}, kNoWord, kNoFrame, nullptr, &cmdFactor},
   // The Expression panel (also a side of an equation).
   {"cmdSimplify", On(kPanelExpression), "Simplify", "Simplify the expression",
    {"simplify", "simplify the expression"}, kNoWord,
@@ -127,9 +130,10 @@ const std::vector<CommandRow> kRows = {
    {"hint", "the next step of solving"}, kNoWord, kNoFrame, nullptr, nullptr},
   // The Fraction panel.
   {"cmdSimplifyFraction", On(kPanelFraction), "Simplify fraction",
-   "Reduce a fraction to lowest terms", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   "Reduce a fraction to lowest terms", {"reduce", "reduce the fraction to lowest terms"},
+   kNoWord, kNoFrame, nullptr, &cmdSimplifyFraction},
   {"cmdAddFractions", On(kPanelFraction), "Add fractions", "Add or subtract two fractions",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"add-fractions", "add the fractions"}, kNoWord, kNoFrame, nullptr, &cmdAddFractions},
   // The panel of a set of equations.
   {"MultiAutoSolve", On(kPanelMultiEquations), "Auto solve all", "",
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
@@ -221,11 +225,17 @@ const ExpressionCommand* FindExpressionCommand(const std::string& button) {
 
 const std::vector<CommandWord>& CommandWords() { return kWords; }
 
-const CommandWord* FindCommandWord(const std::string& word) {
+const CommandWord* FindCommandWord(const std::string& word, int panel) {
+  const CommandWord* found = nullptr;
   for (const CommandWord& entry : kWords) {
-    if (word == entry.word) return &entry;
+    if (word != entry.word) continue;
+    const CommandRow* row = FindCommandRow(entry.button);
+    if (panel >= 0 && panel < kPanelCount && row != nullptr && (row->panels & On(panel)) != 0) {
+      return &entry;
+    }
+    if (found == nullptr) found = &entry;
   }
-  return nullptr;
+  return found;
 }
 
 }  // namespace tavimor

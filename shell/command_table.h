@@ -75,7 +75,9 @@ struct CommandWord {
   const char* what;
 };
 const std::vector<CommandWord>& CommandWords();
-// The entry of a word, or nullptr.
-const CommandWord* FindCommandWord(const std::string& word);
+// The entry of a word, or nullptr. A word that two buttons share (add-fractions on the
+// Expression and the Fraction panel) presses the one on `panel`, the visible panel; with no
+// button of the word there, or no panel given, the first.
+const CommandWord* FindCommandWord(const std::string& word, int panel = -1);
 
 }  // namespace tavimor

@@ -342,4 +342,65 @@ too_large=$(sed -n 3p "$work/out")
 contains "a number beyond the largest float is refused" "$too_large" '"kind": null' \
   "The number  1E309  is too large"
 
+# The Fraction panel and the Number panel.
+help=$("$cli" --help)
+contains "help tells each word once, the words of the fraction and number tools built" "$help" \
+  "  reduce                reduce the fraction to lowest terms
+" "  add-fractions         add the fractions
+" "  sig-figs              the number to N significant figures (sig-figs N, 1 to 20)
+" "  prime-factors         the number's prime factors
+"
+[ "$(printf '%s\n' "$help" | grep -c '^  add-fractions ')" = 1 ] &&
+  echo "ok: add-fractions is told once" || { echo "FAIL: add-fractions told more than once"; failures=$((failures + 1)); }
+out=$("$cli" "6/8" reduce 2>&1)
+contains "reduce narrates a fraction to lowest terms" "$out" \
+  "To simplify this fraction, factor the numerator and the denominator completely" \
+  "Cancelling 2 in the numerator and 2 in the denominator reduces the fraction to:" \
+  "The fraction in simplest form is:"
+out=$("$cli" "1/6+1/4" add-fractions 2>&1)
+contains "add-fractions presses the Fraction panel's button for two fractions" "$out" \
+  "Step 1:  Find the LCD (lowest common denominator)." \
+  "common: 2" "Multiplying all these factors together gives the LCD:" \
+  "In this case it is already in simplest form."
+"$cli" "x/2+1/3" add-fractions > /dev/null 2> "$work/err"
+case "$(cat "$work/err")" in
+  *"not on offer"*) echo "FAIL: add-fractions of an expression is not the Expression panel's"; failures=$((failures + 1)) ;;
+  *) echo "ok: add-fractions of an expression presses the Expression panel's button" ;;
+esac
+json=$("$cli" --json "1/65537+1/65539" add-fractions 2>/dev/null)
+contains "an LCD too large is refused with its value and no error" "$json" \
+  "because the LCD is 4295229443, which is bigger than the largest integer" '"error": null'
+check "sig-figs N rounds the number" 0 "Consider  the number  3.14159
+
+The number 3.14159 expressed to 5 significant figures is 3.1416
+Dialog:
+  Number:  3.14159
+  Significant figures:  5" "" "3.14159" sig-figs 5
+out=$("$cli" "2" sig-figs 2>&1)
+contains "sig-figs alone takes 3 figures" "$out" "The number 2 expressed to 3 significant figures is 2.00"
+check "sig-figs out of range is a usage mistake" 64 "" \
+  "sig-figs takes the number of significant figures, 1 to 20, not \"25\"." "2" sig-figs 25
+check "sig-figs with a negative count is a usage mistake" 64 "" \
+  "sig-figs takes the number of significant figures, 1 to 20, not \"-3\"." "2" sig-figs -3
+out=$("$cli" "-12" prime-factors 2>&1)
+contains "prime-factors factors the whole number" "$out" \
+  "The number -12 in factored form is -2 * 2 * 3" "  Number to be factored:  -12" \
+  "  -12 can be factored as -2 * 6 so -12 can now be written as" \
+  "  The number is now completely factored."
+json=$("$cli" --json "97" prime-factors 2>/dev/null)
+contains "json carries the prime-factor dialog" "$json" \
+  '"dialog": ["Number to be factored:  97", "97 can be factored as 97 * 1 so 97 can now be written as", "97", "The number is now completely factored."]' \
+  "The number 97 is prime and can't be factored"
+check "prime-factors of a non-integer is not on offer" 3 "" \
+  "The command \"prime-factors\" is not on offer now." "3.5" prime-factors
+out=$(printf '2\nsig-figs\n25\n5\nquit\n' | "$cli" 2>"$work/err")
+contains "the tutor asks for the figures and asks again for a count out of range" "$out" \
+  "Significant figures for 2 (1 to 20) [3] " "The figures are a whole number from 1 to 20." \
+  "The number 2 expressed to 5 significant figures is 2.0000"
+out=$(printf -- '-12\nprime-factors\n\n\nsig-figs 4\nquit\n' | "$cli" --set "Streaming output=False" 2>"$work/err")
+contains "the tutor factors one step an Enter, and takes sig-figs N" "$out" \
+  "[Number] commands: sig-figs, prime-factors" "[Enter: next factor   q: close]" \
+  "The number -12 in factored form is -2 * 2 * 3" \
+  "The number -12 expressed to 4 significant figures is -12.00"
+
 [ "$failures" -eq 0 ]

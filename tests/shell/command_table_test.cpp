@@ -51,14 +51,26 @@ TEST(CommandTable, TooltipsAreTheSystemsDescriptions) {
   EXPECT_EQ(ButtonTooltip("cmdNoSuchButton"), "");
 }
 
-TEST(CommandTable, EveryWordIsUniqueAndPressesAButtonOfAPanel) {
-  std::set<std::string> seen;
+TEST(CommandTable, EveryWordIsUniqueOnItsPanelAndPressesAButtonOfIt) {
+  std::set<std::pair<std::string, int>> seen;
   for (const CommandWord& word : CommandWords()) {
-    EXPECT_TRUE(seen.insert(word.word).second) << word.word;
-    EXPECT_GE(PanelOfButton(word.button), 0) << word.word;
-    EXPECT_EQ(FindCommandWord(word.word), &word);
+    const int panel = PanelOfButton(word.button);
+    EXPECT_TRUE(seen.insert({word.word, panel}).second) << word.word;
+    EXPECT_GE(panel, 0) << word.word;
+    EXPECT_EQ(FindCommandWord(word.word, panel), &word);
   }
   EXPECT_EQ(FindCommandWord("frobnicate"), nullptr);
+}
+
+TEST(CommandTable, AddFractionsPressesTheAddButtonOfTheVisiblePanel) {
+  EXPECT_STREQ(FindCommandWord("add-fractions", kPanelExpression)->button, "cmd1Frac");
+  EXPECT_STREQ(FindCommandWord("add-fractions", kPanelFraction)->button, "cmdAddFractions");
+  // With no add button on the panel, or no panel, the first of the word.
+  EXPECT_STREQ(FindCommandWord("add-fractions", kPanelNumber)->button, "cmd1Frac");
+  EXPECT_STREQ(FindCommandWord("add-fractions")->button, "cmd1Frac");
+  EXPECT_STREQ(FindCommandWord("reduce", kPanelFraction)->button, "cmdSimplifyFraction");
+  EXPECT_STREQ(FindCommandWord("sig-figs", kPanelNumber)->button, "cmdSigFigs");
+  EXPECT_STREQ(FindCommandWord("prime-factors", kPanelNumber)->button, "cmdFactor");
 }
 
 TEST(CommandTable, TheRightButtonHasAWordOfItsOwn) {

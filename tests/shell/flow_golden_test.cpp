@@ -5,7 +5,9 @@
 // "do:" lines: a button word (left, right, equation, simplify, factor, brackets, or any word of the
 // terminal tutor, such as expand-denominators for the right button), "click N" on a status
 // panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
-// (the values given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..."
+// (the values given to the letters asked for, or "evaluate cancel"), "sig-figs N" (the figures
+// chosen in the dialog, or "cancel"), "prime-factors [N]" (the dialog's button pressed N times,
+// then the dialog closed; without N to the end), and "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
 // (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause".
@@ -121,6 +123,15 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
       frontend.values_answer = values;
     }
     PressButton(s, "cmdEvaluate", false, error);
+  } else if (verb == "sig-figs") {
+    frontend.figures_answer.reset();
+    frontend.figures_cancel = rest == "cancel";
+    if (!rest.empty() && rest != "cancel") frontend.figures_answer = std::stoi(rest);
+    PressButton(s, "cmdSigFigs", false, error);
+  } else if (verb == "prime-factors") {
+    // "prime-factors N": the button is pressed N times, then the dialog is closed.
+    frontend.factor_presses = rest.empty() ? -1 : std::stoi(rest);
+    PressButton(s, "cmdFactor", false, error);
   } else if (verb == "click") {
     ClickStatusPanel(s, std::stoi(rest));
   } else if (verb == "answer") {
@@ -142,7 +153,8 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     const ExpressionCommand* command = FindExpressionCommand(button);
     ASSERT_NE(command, nullptr) << button;
     RunExpressionCommand(s, *command, TestEngine(kind, argument));
-  } else if (const CommandWord* word = FindCommandWord(verb); word != nullptr) {
+  } else if (const CommandWord* word = FindCommandWord(verb, s.Form.visible_panel);
+             word != nullptr) {
     PressButton(s, word->button, word->right_button, error);
   } else {
     FAIL() << "unknown do: " << line;
@@ -159,6 +171,13 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   for (const std::string& h : frontend.hints) out += "hint: " + h + "\n";
   for (const std::string& p : frontend.pauses) out += "pause: \"" + p + "\"\n";
   for (const std::string& q : frontend.questions) out += "question: " + q + "\n";
+  for (const std::string& f : frontend.figures_asked) out += "figures asked: " + f + "\n";
+  for (std::string f : frontend.factor_forms) {
+    for (std::size_t at = f.find("\r\n"); at != std::string::npos; at = f.find("\r\n", at)) {
+      f.replace(at, 2, " / ");
+    }
+    out += "factor form: " + f + "\n";
+  }
   for (const std::vector<std::string>& letters : frontend.asked_letters) {
     out += "values asked:";
     for (const std::string& letter : letters) out += " " + letter + " =";

@@ -67,6 +67,19 @@ class RecordingFrontend : public Frontend {
     return !values_answers_again.empty();
   }
   void ShowHelp(int help_number) override { help_shown.push_back(help_number); }
+  std::optional<int> AskSignificantFigures(const std::string& number, int figures) override {
+    figures_asked.push_back(number + " (" + std::to_string(figures) + " to start)");
+    if (figures_cancel) return std::nullopt;
+    return figures_answer ? *figures_answer : figures;
+  }
+  // The button is pressed while `factor_presses` lasts (unlimited when negative), then the dialog
+  // is closed.
+  bool ShowFactorForm(const std::string& box, const std::string& caption) override {
+    factor_forms.push_back("[" + caption + "] " + box);
+    if (factor_presses == 0) return false;
+    if (factor_presses > 0) --factor_presses;
+    return true;
+  }
 
   // The work space as plain text, pictures as "@mathematics@".
   std::string Transcript() const { return PlainText(work_space); }
@@ -89,6 +102,11 @@ class RecordingFrontend : public Frontend {
   std::vector<std::vector<std::string>> suggested_values;
   std::vector<std::string> refused_letters;
   std::vector<int> help_shown;
+  std::optional<int> figures_answer;  // the figures chosen; the dialog's start when empty
+  bool figures_cancel = false;
+  std::vector<std::string> figures_asked;
+  int factor_presses = -1;
+  std::vector<std::string> factor_forms;  // each showing of the prime-factor dialog
 };
 
 }  // namespace tavimor
