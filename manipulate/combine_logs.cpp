@@ -70,7 +70,7 @@ std::string AsDenominator(Session& s, const std::string& text) { return Brackete
 
 // The exponent as a reduced fraction has an odd numerator: x^3 and x^(1/3) keep the sign of x.
 bool OddExponent(Session& s, const std::string& exponent) {
-  const std::optional<double> value = NumericTextValue(s, exponent);
+  const std::optional<double> value = ConstantValue(s, exponent);
   if (!value) return false;
   for (int q = 1; q <= 12; ++q) {
     const double p = *value * q;

@@ -11,6 +11,7 @@
 #include "core/number_text.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
+#include "core/tree_walk.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/factor_texts.h"
 #include "simplify/radical_rules.h"
@@ -46,7 +47,7 @@ bool KnownNonNegativeText(Session& s, const std::string& text) {
 // An angle given as a number (after silent simplification) that lies in [low, high] degrees, or
 // the same range in radians; an angle with a letter never does.
 bool AngleWithin(Session& s, const std::string& text, double low, double high) {
-  const std::optional<double> value = NumericTextValue(s, text);
+  const std::optional<double> value = ConstantValue(s, text);
   if (!value) return false;
   const double degrees = s.Degrees ? *value : *value / kDegreeFactor;
   return degrees >= low - 1e-9 && degrees <= high + 1e-9;
@@ -177,6 +178,32 @@ void RewriteFunctionAs(Session& s, NodeIdx& slot, const std::string& text,
     }
   }
   RewriteNode(s, slot, text, message);
+}
+
+std::optional<double> ConstantValue(Session& s, const std::string& text) {
+  if (IsNumberToken(s, text)) return SafeValue(s, text);
+  if (!BracketsBalance(text)) return std::nullopt;
+  const TempTree t(s, text, TempTree::Depth::Whole);
+  bool constants_only = true;
+  ForEachNodeParentFirst(s, t.Root(), [&s, &t, &constants_only](NodeIdx n) {
+    const ExprNode& node = t[n];
+    if (node.Kind != kKindVariable) return;
+    const char letter = node.Text.empty() ? ' ' : node.Text[0];
+    if ((letter != 'e' && letter != 'p' && letter != 'd') || !IsConstantVar(s, letter)) {
+      constants_only = false;
+    }
+  });
+  if (!constants_only) return std::nullopt;
+  try {
+    EvaluateAllRounded(s, t.Root());
+  } catch (const RunTimeError&) {
+    return std::nullopt;  // no real value: a root of a negative number, a division by 0
+  } catch (const AppError&) {
+    return std::nullopt;
+  }
+  const double value = ValueAsNumber(s, s.Pool[t.Root()].Value);
+  if (!std::isfinite(value)) return std::nullopt;
+  return value;
 }
 
 std::string FunctionNameOf(const std::string& text) {

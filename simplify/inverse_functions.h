@@ -2,6 +2,7 @@
 // sin(arcsin(x)), cos(arctan(x)) and their kin.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/session.h"
@@ -13,6 +14,11 @@ std::string FunctionNameOf(const std::string& text);
 
 // The text is one operand as the parser sees it: a number, a letter, a function or a bracket.
 bool IsOneOperand(Session& s, const std::string& text);
+
+// The value of a text of numbers and the constants e, p and d, computed on its tree without the
+// simplify loop (so a rule may ask it at every walk); nothing for a text with another letter or
+// without a real value.
+std::optional<double> ConstantValue(Session& s, const std::string& text);
 
 // A function node rewritten as the plain quantity its rule wrote. A negative result in place of
 // a term of a sum takes its sign into the term's role, so that no bracket shows: 1+sin(-30)

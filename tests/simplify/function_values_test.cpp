@@ -52,6 +52,16 @@ TEST_F(FunctionValues, ArcsineOfSineCancelsInThePrincipalRange) {
   EXPECT_FALSE(fired);
 }
 
+TEST_F(FunctionValues, DeeplyNestedInversePairsStayWithoutLongWork) {
+  std::string text = "x";
+  for (int k = 0; k < 14; ++k) text = "arcsin(sin(" + text + "))";
+  EXPECT_EQ(Run(text), "arcsin(sin(x))");  // each sin(arcsin(u)) inside cancels
+  s.Degrees = true;
+  std::string number = "20";
+  for (int k = 0; k < 14; ++k) number = "arcsin(sin(" + number + "))";
+  EXPECT_EQ(Run(number), "20");
+}
+
 TEST_F(FunctionValues, ArcsineOfCosineIsTheComplementInDegrees) {
   s.Degrees = true;
   EXPECT_EQ(Run("arcsin(cos(20))"), "70");
