@@ -76,7 +76,7 @@ long long PrincipalAngle(const std::string& f, long long degrees) {
 }
 
 // An angle in degrees written in the form of the argument: 30, 30*d or p/6.
-std::string AngleText(const Session& s, int code, long long degrees) {
+std::string AngleText(int code, long long degrees) {
   if (code == 1) return std::to_string(degrees);
   if (code == 2) return std::to_string(degrees) + "*d";
   if (degrees == 0) return "0*p";
@@ -88,7 +88,6 @@ std::string AngleText(const Session& s, int code, long long degrees) {
   const long long bottom = std::llround(b);
   std::string text = top == 1 ? "p" : (top == -1 ? "-p" : std::to_string(top) + "*p");
   if (bottom != 1) text += "/" + std::to_string(bottom);
-  (void)s;
   return text;
 }
 
@@ -122,7 +121,7 @@ bool TrigSpecialValue(Session& s, NodeIdx& slot, const std::string& f) {
     RewriteFunctionAs(s, slot, value, SpecialMessage(help, old_text));
     return true;
   }
-  const std::string principal = f + "(" + AngleText(s, code, reduced) + ")";
+  const std::string principal = f + "(" + AngleText(code, reduced) + ")";
   StepParts parts;
   AddStepPart(parts, "Simplify @" + old_text + "@ by:|");
   AddStepPart(parts, "first reducing the angle to the principal angle: @" + old_text + "=" +
@@ -137,7 +136,7 @@ bool TrigSpecialValue(Session& s, NodeIdx& slot, const std::string& f) {
 std::string InverseAngleText(const Session& s, long long degrees) {
   if (s.Degrees) return std::to_string(degrees);
   if (degrees == 0) return "0";
-  return AngleText(s, 3, degrees);
+  return AngleText(3, degrees);
 }
 
 // arcsin, arccos, arctan at the values of the exact table (help 89, 22, 229).
