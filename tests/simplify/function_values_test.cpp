@@ -223,6 +223,16 @@ TEST_F(FunctionValues, SimpleSpecialValues) {
   EXPECT_EQ(s.Message, "22#Simplify using the special value of @arccos(1)@ .");
 }
 
+TEST_F(FunctionValues, ExponentialOfIPiIsMinusOne) {
+  s.SpecialP = true;
+  s.ComplexForm = 1;
+  EXPECT_EQ(OnePass("exp(i*p)", 7), "-1");
+  EXPECT_EQ(s.Message, "233#Simplify using the special value of @exp(i*p)@ .");
+  s.ComplexForm = 0;
+  OnePass("exp(i*p)", 7);
+  EXPECT_FALSE(fired);
+}
+
 TEST_F(FunctionValues, LogarithmsOfZeroRaiseTheirErrors) {
   EXPECT_EQ(ErrorOf("log(0)"), kErrorLogZero);
   EXPECT_EQ(ErrorOf("ln(0)"), kErrorLnZero);
