@@ -6,7 +6,9 @@
 
 #include "core/pieces.h"
 #include "core/scoped_override.h"
+#include "manipulate/combine_logs.h"
 #include "manipulate/expand.h"
+#include "present/step_markup.h"
 #include "shell/command_frame.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
@@ -37,6 +39,16 @@ bool ExpandEngine(Session& s, NodeIdx side, bool right_button) {
   if (ExpandSide(s, side, right_button)) return true;
   TellSimplifiedInstead(s, side, input, GetPiece(s.Message, 1, kExpandRecordSeparator),
                         NothingToExpandNote(input, s.Message));
+  return false;
+}
+// A side with no logarithms to combine that Simplify would change is told so in a note.
+bool CombineLogsEngine(Session& s, NodeIdx side, bool) {
+  const std::string input = s.Pool[side].Text;
+  if (CombineLogsSide(s, side)) return true;
+  const std::string simplified = SimplifyText(s, input);
+  TellSimplifiedInstead(
+      s, side, input, simplified,
+      SimplifiedInsteadNote(input, simplified, "There are no logarithms that can be combined."));
   return false;
 }
 std::string EvaluateButton(Session& s, bool) { return cmdEvaluate(s); }
@@ -83,7 +95,7 @@ const std::vector<CommandRow> kRows = {
   {"cmdCombineLogs", On(kPanelExpression), "Combine logs", "Add logarithms in the expression",
    {"combine-logs", "combine the logarithms"}, kNoWord,
    {"Combine logs", "There are no logarithms that can be combined", "Combining logarithms",
-    "Error in Combine Logs."}, nullptr, nullptr},
+    "Error in Combine Logs."}, &CombineLogsEngine, nullptr},
   {"cmdCSExpr", On(kPanelExpression), "Complete the square",
    "Convert the expression to completed square form",
    {"complete-square", "complete the square"}, kNoWord,

@@ -135,7 +135,7 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
     values = std::move(*answer);
     for (std::size_t k = 0; k < values.size(); ++k) SetVarValue(s, letters[k][0], values[k]);
   }
-  // 4. Each letter replaced by its value, then the simplify loop in floating point, silently.
+  // 4. Each letter replaced by its value, then the simplify loop, silently.
   std::vector<std::pair<NodeIdx, std::string>> replacements;
   for (std::size_t k = 0; k < letters.size(); ++k) {
     for (const NodeIdx n : FindOccurrences(s, letters[k], side)) {
@@ -149,9 +149,12 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
   RegenerateAll(s, root);
   const std::string before = s.Pool[root].Text;
   {
-    ScopedOverride exact_to_float(s.ExactToFloat, true);
     ScopedOverride detail(s.DetailNow, std::int16_t{0});
     int level = 0;
+    // First with the student's arithmetic, so that special values read exactly (sin(30) in
+    // degrees is 1/2, sin(p) is 0), then in floating point.
+    SimplifyTree(s, root, level);
+    ScopedOverride exact_to_float(s.ExactToFloat, true);
     SimplifyTree(s, root, level);
   }
   std::string value = s.Pool[root].Text;

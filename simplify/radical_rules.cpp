@@ -44,11 +44,11 @@ std::string NumberArgument(const Session& s, const ExprNode& node) {
   return IsNumberToken(s, x) ? x : "";
 }
 
-// Whether a factor is never negative for real values of its letters: a number at or above 0, an
-// even whole power, a square root, an exponential.
 bool IsNegativeNumber(const Session& s, const ExprNode& node) {
   return node.Kind == kKindNumber && IsNumberToken(s, node.Text) && node.Text[0] == '-';
 }
+
+}  // namespace
 
 bool KnownNonNegative(const Session& s, NodeIdx n) {
   const ExprNode& node = s.Pool[n];
@@ -73,8 +73,6 @@ bool KnownNonNegative(const Session& s, NodeIdx n) {
   }
   return false;
 }
-
-}  // namespace
 
 // e^x -> exp(x) with the exponential function chosen, exp(x) -> e^x without it (help 19).
 bool ExponentialForm(Session& s, NodeIdx& slot) {

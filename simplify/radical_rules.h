@@ -27,6 +27,10 @@ bool CombineSquareRoots(Session& s, NodeIdx& slot);
 // x*sqrt(x) = x*x^(1/2), so that the exponents can be added (265).
 bool RadicalToExponent(Session& s, NodeIdx& slot);
 
+// Whether a factor is never negative for real values of its letters: a number at or above 0, an
+// even whole power, a square root, an exponential.
+bool KnownNonNegative(const Session& s, NodeIdx n);
+
 // The codes of SquareRootOfNumber. The negative of a code is the same with the imaginary unit
 // (-kRootFactorOut: a factor and the unit pulled out).
 inline constexpr int kRootNotANumber = 0;   // the text comes back

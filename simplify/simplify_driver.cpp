@@ -17,6 +17,9 @@
 #include "simplify/bracket_rules.h"
 #include "simplify/collect_product.h"
 #include "simplify/collect_sum.h"
+#include "simplify/function_values.h"
+#include "simplify/inverse_functions.h"
+#include "simplify/log_rules.h"
 #include "simplify/power_rules.h"
 #include "simplify/product_rules.h"
 #include "simplify/radical_rules.h"
@@ -37,7 +40,10 @@ bool FlattenOneBracket(Session& s, NodeIdx& slot) { return FlattenSumBrackets(s,
 
 // The dispatch table. Rows of rule families that are not part of the tutor yet stay empty.
 const std::vector<PassRow> kPasses = {
-    {1, Where::Any, {&BracketRule}},        // brackets that say nothing
+    {1, Where::Any, {&BracketRule}},  // brackets that say nothing
+    {2,
+     Where::Any,  // inverse functions cancel, functions of functions
+     {&CancelInverseText, &FunctionOfFunction}},
     {3, Where::Sum, {&FlattenOneBracket}},  // brackets inside a sum
     {3,
      Where::Product,  // the shape of a product
@@ -46,13 +52,20 @@ const std::vector<PassRow> kPasses = {
     {4,
      Where::Product,  // collect and sort a product; -(a+b) -> -a-b last
      {&CollectProductRule, &DistributeMinusOverBracket}},
-    {5, Where::Any, {&ExponentialForm, &RadicalForm}},  // the written form of powers
-    {6, Where::Power, {&PowerRules}},                   // powers
+    {5,
+     Where::Any,  // the written form of powers; ln(1/x) = -ln(x)
+     {&ExponentialForm, &RadicalForm, &LogOfReciprocal}},
+    {6, Where::Power, {&PowerRules}},  // powers
     {7,
-     Where::Function,  // square roots
-     {&SquareRootValue, &SquareRootStructure, &SplitFractionRoot}},
-    {8, Where::Product, {&Rationalise, &CombineSquareRoots, &RadicalToExponent}},  // radicals
-    {9, Where::Number, {&DropPlusOnNumber}},                                       // +2 -> 2
+     Where::Function,  // values of functions, square roots, the power inside a logarithm
+     {&SpecialValue, &EvaluateFunction, &SquareRootStructure, &LogOfPower, &SplitFractionRoot}},
+    {8,
+     Where::Product,  // radicals, ratios of logarithms, products of exponentials
+     {&Rationalise, &CombineSquareRoots, &RadicalToExponent, &RatioOfLogs, &ProductOfExp}},
+    {9,
+     Where::Variable,  // e, p, d as numbers
+     {&ConstantToNumber}},
+    {9, Where::Number, {&DropPlusOnNumber}},  // +2 -> 2
 };
 
 bool Matches(const Session& s, NodeIdx n, Where where) {

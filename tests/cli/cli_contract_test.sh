@@ -78,6 +78,21 @@ check "a command whose button is on another panel exits 3" 3 "" \
 check "a command still to come exits 3" 3 "" \
   "The command \"complete-square\" is not available yet: its part of the tutor has not been built." \
   "x+x" complete-square
+check "combine-logs makes one logarithm" 0 "Consider  the expression  ln(a) + ln(b)
+Make ln(a) + ln(b) into one logarithm by:
+   - using property 1 of logarithms to convert ln(a) + ln(b)  →  ln(ab) .
+
+   - The result is:
+
+    ln(ab)
+
+There are no logarithms that can be combined." "" "ln(a)+ln(b)" combine-logs
+check "combine-logs with one logarithm is not on offer" 3 "" \
+  "The command \"combine-logs\" is not on offer now." "ln(x)" combine-logs
+out=$("$cli" --json "ln(x)*ln(y)+2*3" combine-logs 2>/dev/null)
+contains "combine-logs tells in a note what Simplify would do instead" "$out" \
+  '"left": "ln(x)*ln(y)+2*3"' "There are no logarithms that can be combined." \
+  "@ln(x)*ln(y)+2*3->ln(x)*ln(y)+6@"
 check "simplify shows its steps in a stream" 0 "Consider  the expression  x + x
 Simplify the sum x + x by:
    - combining like terms x + x  →  2x .

@@ -129,6 +129,18 @@ TEST_F(Evaluate, FunctionValuesInDegreesReadExactly) {
             std::string::npos);
 }
 
+TEST_F(Evaluate, SpecialValuesCancelExactly) {
+  s.Degrees = true;
+  EXPECT_NE(Press("sqrt(3)/2-cos(x)", std::vector<std::string>{"30"}).find("evaluates to @0@ ."),
+            std::string::npos);
+  s.Degrees = false;
+  s.SpecialP = true;
+  EXPECT_NE(Press("sin(x)", std::vector<std::string>{"p"}).find("evaluates to @0@ ."),
+            std::string::npos);
+  EXPECT_NE(Press("tan(x)^2", std::vector<std::string>{"p/3"}).find("evaluates to @3@ ."),
+            std::string::npos);
+}
+
 TEST_F(Evaluate, FunctionValuesAreRoundedToFifteenFigures) {
   s.Degrees = true;
   const NodeIdx root = Load("sin(30)");
