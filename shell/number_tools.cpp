@@ -53,6 +53,9 @@ std::string SigFigsSentence(const Session& s, const std::string& number, int fig
 }
 
 std::string PrimeNumberText(const std::string& number) {
+  // 0, 1 and -1 pass the magnitude test too, but they are not prime: the sentence stays true.
+  if (number == "0" || number == "1" || number == "-1")
+    return "The number " + number + " is neither prime nor composite and can't be factored";
   return "The number " + number + " is prime and can't be factored";
 }
 

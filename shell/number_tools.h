@@ -46,7 +46,8 @@ enum class FactorFormStart {
 inline constexpr const char* kNonIntegerText = "Can't factor a non-integer";
 inline constexpr const char* kCompletelyFactoredText = "The number is now completely factored.";
 
-// "The number n is prime and can't be factored".
+// "The number n is prime and can't be factored"; for 0, 1 and -1, which are not prime, "... is
+// neither prime nor composite and can't be factored".
 std::string PrimeNumberText(const std::string& number);
 
 // Loads the dialog on the number's text.

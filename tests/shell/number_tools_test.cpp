@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 #include "core/errors.h"
 #include "shell/buttons.h"
@@ -67,13 +68,17 @@ TEST_F(NumberTools, ClosedSignificantFiguresDialogWritesNothing) {
   EXPECT_EQ(Press("2.5", "cmdSigFigs").find("significant figures is"), std::string::npos);
 }
 
-TEST_F(NumberTools, OneAndThreeArePrimeByTheMagnitudeTest) {
-  for (const char* number : {"1", "3"}) {
+TEST_F(NumberTools, OneAndThreeCloseTheDialogByTheMagnitudeTest) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"1", "The number 1 is neither prime nor composite and can't be factored"},
+      {"3", "The number 3 is prime and can't be factored"},
+      {"-1", "The number -1 is neither prime nor composite and can't be factored"},
+      {"-2", "The number -2 is prime and can't be factored"}};
+  for (const auto& [number, expected] : cases) {
     frontend.messages.clear();
     frontend.factor_forms.clear();
     const std::string out = Press(number, "cmdFactor");
-    const std::string sentence =
-        std::string("The number ") + number + " is prime and can't be factored";
+    const std::string sentence = expected;
     ASSERT_EQ(frontend.messages.size(), 1u);
     EXPECT_EQ(frontend.messages[0].text, sentence);
     EXPECT_EQ(frontend.messages[0].icon, MessageIcon::Information);
