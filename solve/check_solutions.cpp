@@ -81,8 +81,14 @@ std::string SubstitutedSide(Session& s, const std::string& side, const std::stri
   return SimplifyText(s, text);
 }
 
-// The real value of a simplified side; nothing when it has no real value.
-std::optional<double> RealValue(Session& s, const std::string& text) {
+bool IsDomainError(const RunTimeError& e) {
+  return e.Number() == RunTimeErrorNumber::InvalidCall ||
+         e.Number() == RunTimeErrorNumber::DivisionByZero;
+}
+
+}  // namespace
+
+std::optional<double> RealValueOf(Session& s, const std::string& text) {
   if (ContainsImagUnit(s, text)) return std::nullopt;
   if (IsNumberToken(s, text)) return SafeValue(s, text);
   try {
@@ -98,13 +104,6 @@ std::optional<double> RealValue(Session& s, const std::string& text) {
     return std::nullopt;
   }
 }
-
-bool IsDomainError(const RunTimeError& e) {
-  return e.Number() == RunTimeErrorNumber::InvalidCall ||
-         e.Number() == RunTimeErrorNumber::DivisionByZero;
-}
-
-}  // namespace
 
 std::vector<std::string> UnknownCandidates(Session& s, const std::string& text) {
   std::vector<std::string> letters;
@@ -188,12 +187,13 @@ void CheckSolutions(Session& s, const std::string& equation, const std::string& 
     if (k == 1) opening = count == 1 ? "Check the solution.  " : "Check the solutions.  ";
     std::string sides[2];
     std::optional<double> values[2];
-    bool failed = false;
+    // An answer without a real value is no real solution, whatever its sides simplify to.
+    bool failed = UnknownCandidates(s, piece).empty() && !RealValueOf(s, piece);
     for (int side = 0; side < 2; ++side) {
       sides[side] = side == 0 ? left : right;
       try {
         sides[side] = SubstitutedSide(s, sides[side], unknown, piece);
-        values[side] = RealValue(s, sides[side]);
+        values[side] = RealValueOf(s, sides[side]);
       } catch (const RunTimeError& e) {
         // A value outside the domain (a zero denominator, a root or logarithm of a negative
         // number) has no real value; any other failure ends the check with the answers kept.

@@ -2,6 +2,7 @@
 // substituted back into the equation to reject the false ones.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,10 @@
 
 namespace tavimor {
 
+// The real value of a text of numbers and constants, by simplifying and evaluating; nothing
+// when it has none (an imaginary unit, a root or logarithm of a negative number, a zero
+// denominator).
+std::optional<double> RealValueOf(Session& s, const std::string& text);
 // The letters of the text that are no constant under the options, in the order first met.
 std::vector<std::string> UnknownCandidates(Session& s, const std::string& text);
 // The letters that could be the unknown; the count, or -1 when s.Unknown is among them;

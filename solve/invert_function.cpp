@@ -25,9 +25,9 @@ std::string AsBase(Session& s, const std::string& text) {
   return NeedsBrackets(s, text) ? "(" + text + ")" : text;
 }
 
-// The value of a text that simplifies to a plain number.
+// The value of a text that simplifies to a plain number, or of numbers and constants alone.
 std::optional<double> PlainValue(Session& s, const std::string& text) {
-  return NumericTextValue(s, text);
+  return RightSideValue(s, text);
 }
 
 bool OutsideUnit(Session& s, const std::string& text) {

@@ -29,6 +29,11 @@ std::string AsExponent(Session& s, const std::string& text) {
   return NeedsBrackets(s, text) || IsPowerText(s, text) ? "(" + text + ")" : text;
 }
 
+bool IsNegativeValue(Session& s, const std::string& text) {
+  const std::optional<double> v = RightSideValue(s, text);
+  return v && *v < 0.0;
+}
+
 std::string BracketedSum(Session& s, const std::string& text) {
   return IsSumText(s, text) ? "(" + text + ")" : text;
 }
@@ -72,6 +77,29 @@ bool IsOddWhole(Session& s, const std::string& text) {
   return std::fmod(std::fabs(v), 2.0) == 1.0;
 }
 
+// Half of an exponent other than 2 that is an even whole number, or a fraction of an even and
+// an odd whole number (under which a negative base has a real power); empty for any other.
+std::string HalfOfEvenExponent(Session& s, const std::string& exponent) {
+  auto even = [&s](const std::string& text) {
+    return IsIntegerText(s, text) && std::fmod(SafeValue(s, text), 2.0) == 0.0 &&
+           SafeValue(s, text) != 0.0;
+  };
+  auto half_of = [&s](const std::string& text) {
+    return std::to_string(static_cast<std::int64_t>(SafeValue(s, text) / 2.0));
+  };
+  if (exponent == "2") return "";
+  if (NumberEnd(s, exponent, 1) == static_cast<int>(exponent.size())) {
+    return even(exponent) ? half_of(exponent) : "";
+  }
+  std::string numerator;
+  std::string denominator;
+  if (NumericFractionParts(s, exponent, numerator, denominator) && even(numerator) &&
+      IsOddWhole(s, denominator)) {
+    return half_of(numerator) + "/" + denominator;
+  }
+  return "";
+}
+
 // Whether (-1)^E simplifies to -1; a power that can't be simplified counts as not.
 bool MinusOneToPowerIsMinusOne(Session& s, const std::string& exponent) {
   try {
@@ -85,7 +113,7 @@ bool MinusOneToPowerIsMinusOne(Session& s, const std::string& exponent) {
 enum class SignCase { Plain, Odd, Root, NoSolution };
 
 SignCase SignCaseOf(Session& s, const std::string& exponent, const std::string& right) {
-  if (s.ComplexForm != 0 || !IsNumericText(s, exponent) || !IsNegativeNumericText(s, right)) {
+  if (s.ComplexForm != 0 || !IsNumericText(s, exponent) || !IsNegativeValue(s, right)) {
     return SignCase::Plain;
   }
   if (NumberEnd(s, exponent, 1) == static_cast<int>(exponent.size())) {
@@ -118,7 +146,7 @@ void InvertExponent(Session& s, SolveRun& run, const std::string& base, const st
     return;
   }
   if (s.HintState == 2) return;
-  if (s.ComplexForm == 0 && (IsNegativeNumericText(s, b) || IsNegativeNumericText(s, right))) {
+  if (s.ComplexForm == 0 && (IsNegativeNumericText(s, b) || IsNegativeValue(s, right))) {
     right = kNoSolution;
     message = "216#This equation has no solution over the real numbers.";
     return;
@@ -175,18 +203,14 @@ void InvertBase(Session& s, SolveRun& run, const std::string& base, const std::s
   std::string& left = run.WorkLeft;
   std::string& right = run.WorkRight;
   // B^(2*m) = R is (B^m)^2 = R: both roots are kept, as for a square.
-  std::string square_base = base;
-  if (IsPositiveIntegerText(s, exponent) && exponent != "2" &&
-      std::fmod(SafeValue(s, exponent), 2.0) == 0.0) {
-    square_base =
-        base + "^" + std::to_string(static_cast<std::int64_t>(SafeValue(s, exponent) / 2.0));
-    left = "(" + square_base + ")^2";
-  }
-  if (exponent == "2" || square_base != base) {
+  const std::string half = HalfOfEvenExponent(s, exponent);
+  const std::string square_base = half.empty() ? base : base + "^" + AsExponent(s, half);
+  if (!half.empty()) left = "(" + square_base + ")^2";
+  if (exponent == "2" || !half.empty()) {
     if (right == "0") {
       left = StripBrackets(square_base);
       message = "217#Take the square root of both sides.";
-    } else if (s.ComplexForm == 0 && IsNegativeNumericText(s, right)) {
+    } else if (s.ComplexForm == 0 && IsNegativeValue(s, right)) {
       right = kNoSolution;
       message =
           "218#Take the square root of both sides.  But we can't take the square root of "
@@ -233,7 +257,7 @@ void InvertBase(Session& s, SolveRun& run, const std::string& base, const std::s
 void InvertPower(Session& s, SolveRun& run, const SideLayer& layer, int mode, bool intro,
                  std::string& message) {
   if (layer.Children.size() < 2) return;
-  const std::string& exponent = layer.Children[0].Text;
+  const std::string exponent = StripBrackets(layer.Children[0].Text);
   const std::string& base = layer.Children[1].Text;
   if (mode == 1) {
     InvertExponent(s, run, base, exponent, intro, message);

@@ -7,6 +7,7 @@
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
 #include "simplify/simplify_driver.h"
+#include "solve/check_solutions.h"
 
 namespace tavimor {
 
@@ -60,9 +61,17 @@ void EndUnsolvable(SolveRun& run, FormStatus& status, std::string& message) {
 void SimplifyBothSides(Session& s, SolveRun& run) {
   run.WorkLeft = StripBrackets(SimplifyText(s, run.WorkLeft));
   run.WorkRight = SimplifyText(s, run.WorkRight);
+  // ln(1) = log(1) = 0, which the sides go on with.
+  if (run.WorkRight == "ln(1)" || run.WorkRight == "log(1)") run.WorkRight = "0";
 }
 
 }  // namespace
+
+std::optional<double> RightSideValue(Session& s, const std::string& text) {
+  if (const std::optional<double> v = NumericTextValue(s, text)) return v;
+  if (!UnknownCandidates(s, text).empty()) return std::nullopt;
+  return RealValueOf(s, text);
+}
 
 int LayerCount(Session& s, const std::string& text, const std::string& letter) {
   return WrapDepth(s, text, letter);
@@ -106,6 +115,12 @@ void InvertLayer(Session& s, std::string& left, std::string& right, const SideLa
   if (left.rfind("1/", 0) == 0 && layer.Children.size() == 2 &&
       IsProductRole(layer.Children.front().Role)) {
     left = StripBrackets(left.substr(2));
+    if (right == "0") {
+      // 1/A is never 0.
+      right = kNoSolution;
+      message = "215#This equation has no solution.";
+      return;
+    }
     right = "1/(" + right + ")";
     message = "141#Take the reciprocal of both sides.";
     return;

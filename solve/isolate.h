@@ -2,6 +2,7 @@
 // and powers, and the branching at a square root.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,9 @@ std::string AddOnceIntro(const std::string& message, const std::string& letter,
 // Removes one term or factor, other than the kept one, from a sum or product on both sides.
 void InvertLayer(Session& s, std::string& left, std::string& right, const SideLayer& layer,
                  std::string& message);
+// The float value of a right side: the number it simplifies to, or the value of numbers and
+// constants alone (1/e^9-4); nothing for a side with a letter or without a real value.
+std::optional<double> RightSideValue(Session& s, const std::string& text);
 // The note on a logarithm taken of the right side ("ln" or "log"): a power's exponent comes
 // down, a reciprocal's sign comes out; empty otherwise.
 std::string LogarithmNote(Session& s, const std::string& right, const std::string& log);

@@ -61,6 +61,12 @@ TEST_F(SolutionCheck, AnswerThatMakesADenominatorZeroIsRejected) {
   EXPECT_EQ(s.HelpNumber, 252);
 }
 
+TEST_F(SolutionCheck, AnswerWithoutARealValueIsRejectedWhateverItsSidesSimplifyTo) {
+  EXPECT_EQ(Check("ln(x^4+4)=-9", "(1/e^9-4)^(1/4)"), "no-solution");
+  EXPECT_EQ(rejected, 1);
+  EXPECT_EQ(s.HelpNumber, 252);
+}
+
 TEST_F(SolutionCheck, EquationWithAParameterIsNotChecked) {
   EXPECT_EQ(Check("a*x=2", "2/a"), "2/a");
   EXPECT_EQ(rejected, 0);

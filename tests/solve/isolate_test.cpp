@@ -300,6 +300,41 @@ TEST_F(Isolation, ReciprocalOfTheUnknownIsTakenOfBothSides) {
   EXPECT_EQ(Transcript(), "Take the reciprocal of both sides.\n\n\t@x=1/4@\n\n");
 }
 
+TEST_F(Isolation, EvenPowerOverAnOddRootKeepsBothRealRoots) {
+  Isolate("x^(2/3)", "4");
+  EXPECT_EQ(run.PendingCount, 2);
+  EXPECT_EQ(run.WorkRight, "8");
+}
+
+TEST_F(Isolation, ReciprocalEqualToZeroHasNoSolution) {
+  Isolate("1/(x+1)", "0");
+  EXPECT_EQ(run.WorkRight, "no-solution");
+  EXPECT_EQ(Transcript(), std::string(kIntro) + "\n\nThis equation has no solution.\n");
+}
+
+TEST_F(Isolation, CubeRootOfTheUnknownEqualToANegativeNumberIsCubed) {
+  Isolate("x^(1/3)", "-2");
+  EXPECT_EQ(Transcript(), "Raise both sides to the power @3@ .\n\n\t@x=-8@\n\n");
+  EXPECT_EQ(s.HelpNumber, 309);
+}
+
+TEST_F(Isolation, FourthRootOfTheUnknownEqualToANegativeNumberHasNoRealSolution) {
+  Isolate("x^(1/4)", "-2");
+  EXPECT_EQ(run.WorkRight, "no-solution");
+  EXPECT_EQ(s.HelpNumber, 222);
+}
+
+TEST_F(Isolation, EvenPowerEqualToANegativeValueOfConstantsHasNoRealSolution) {
+  Isolate("x^4", "1/e^9-4");
+  EXPECT_EQ(run.WorkRight, "no-solution");
+  EXPECT_EQ(s.HelpNumber, 218);
+}
+
+TEST_F(Isolation, LogarithmOfOneIsZero) {
+  Isolate("e^x", "1");
+  EXPECT_EQ(Transcript(), "Take the natural logarithm of both sides.\n\n\t@x=0@\n\n");
+}
+
 TEST(LayerCounting, CountsTheOperationsAroundTheUnknown) {
   RecordingFrontend frontend;
   Session s(frontend);
