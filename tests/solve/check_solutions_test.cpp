@@ -137,5 +137,15 @@ TEST_F(SolutionCheck, CurrentUnknownAmongTheCandidatesCountsMinusOne) {
   EXPECT_EQ(ChooseUnknown(s, "2=3", letter), 0);
 }
 
+TEST_F(SolutionCheck, ImaginaryUnitIsNoCandidateWithComplexNumbers) {
+  std::string letter;
+  s.Unknown = "y";
+  s.ComplexForm = 1;
+  EXPECT_EQ(ChooseUnknown(s, "i*x=2", letter), 1);
+  EXPECT_EQ(letter, "x");
+  s.ComplexForm = 0;
+  EXPECT_EQ(ChooseUnknown(s, "i*x=2", letter), 2);
+}
+
 }  // namespace
 }  // namespace tavimor

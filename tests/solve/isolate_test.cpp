@@ -335,6 +335,42 @@ TEST_F(Isolation, LogarithmOfOneIsZero) {
   EXPECT_EQ(Transcript(), "Take the natural logarithm of both sides.\n\n\t@x=0@\n\n");
 }
 
+TEST_F(Isolation, BaseTenTakesCommonLogarithms) {
+  Isolate("10^x", "7");
+  EXPECT_EQ(Transcript(), "Take the logarithm to base 10 of both sides.\n\n\t@x=log(7)@\n\n");
+}
+
+TEST_F(Isolation, OtherBaseWithAPowerOnTheRightBringsDownBothExponents) {
+  Isolate("3^x", "e^2");
+  EXPECT_NE(Transcript().find("On both sides use the property of logarithms "
+                              "@log(Q^m)->m*log(Q)@ to bring down the exponent.\n"),
+            std::string::npos)
+      << Transcript();
+}
+
+TEST_F(Isolation, OtherBaseWithAReciprocalOnTheRightTakesItsSignOut) {
+  Isolate("3^x", "1/e");
+  EXPECT_NE(Transcript().find("On the left side use the property of logarithms "
+                              "@log(Q^m)->m*log(Q)@ to bring down the exponent.\n\n"
+                              "On the right side use the property of logarithms "
+                              "@log(1/Q)->-log(Q)@ .\n"),
+            std::string::npos)
+      << Transcript();
+}
+
+TEST_F(Isolation, OuterSquareOfASumBranches) {
+  Start("(x^2+x)^2", "4");
+  FormStatus status = FormStatus::FormNotThisForm;
+  std::string message;
+  ASSERT_TRUE(IsolateOuterLayer(s, run, status, message));
+  EXPECT_EQ(status, FormStatus::FormChanged);
+  EXPECT_EQ(message, "139#Now proceed to solve the equation:");
+  EXPECT_EQ(run.PendingCount, 2);
+  EXPECT_EQ(run.Row(1)[1], "-2");
+  EXPECT_EQ(run.WorkLeft, "x^2+x");
+  EXPECT_EQ(run.WorkRight, "2");
+}
+
 TEST(LayerCounting, CountsTheOperationsAroundTheUnknown) {
   RecordingFrontend frontend;
   Session s(frontend);
@@ -356,6 +392,84 @@ TEST(OnceIntroduction, GoesBetweenNumberAndTextOnce) {
   EXPECT_EQ(AddOnceIntro("144#Divide both sides by @2@ .", "y", shown),
             "144#Divide both sides by @2@ .");
 }
+
+}  // namespace
+}  // namespace tavimor
+
+namespace tavimor {
+namespace {
+
+struct FunctionCase {
+  const char* name;
+  const char* left;
+  const char* right;
+  int complex_form;
+  bool exponential_function;
+  const char* new_left;
+  const char* new_right;
+  const char* message;
+};
+
+void PrintTo(const FunctionCase& c, std::ostream* out) { *out << c.name; }
+
+class FunctionInversion : public SessionTest, public ::testing::WithParamInterface<FunctionCase> {};
+
+TEST_P(FunctionInversion, TakesTheInverseOnTheRightWithItsSentence) {
+  const FunctionCase& c = GetParam();
+  s.ComplexForm = static_cast<std::int16_t>(c.complex_form);
+  s.ExponentToExponentialFunction = c.exponential_function;
+  std::string left = c.left;
+  std::string right = c.right;
+  std::string message;
+  InvertFunction(s, left, right, message);
+  EXPECT_EQ(left, c.new_left);
+  EXPECT_EQ(right, c.new_right);
+  EXPECT_EQ(message, c.message);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, FunctionInversion,
+    ::testing::Values(
+        FunctionCase{"SineWithinOne", "sin(x+1)", "1/2", 0, false, "x+1", "arcsin(1/2)",
+                     "121#Take the arcsin of both sides."},
+        FunctionCase{"SineBeyondMinusOne", "sin(x)", "-3/2", 0, false, "x", "no-solution",
+                     "257#This equation has no solution over the real numbers."},
+        FunctionCase{"CosineBeyondOne", "cos(x)", "2", 0, false, "x", "no-solution",
+                     "257#This equation has no solution over the real numbers."},
+        FunctionCase{"CosineBeyondOneWithComplexNumbers", "cos(x)", "2", 1, false, "x", "arccos(2)",
+                     "122#Take the arccos of both sides."},
+        FunctionCase{"CosineOfALetter", "cos(x)", "a", 0, false, "x", "arccos(a)",
+                     "122#Take the arccos of both sides."},
+        FunctionCase{"TangentBeyondOne", "tan(x)", "5", 0, false, "x", "arctan(5)",
+                     "123#Take the arctan of both sides."},
+        FunctionCase{"Arcsine", "arcsin(x)", "1/2", 0, false, "x", "sin(1/2)",
+                     "124#Take the sin of both sides."},
+        FunctionCase{"Arccosine", "arccos(x)", "1/2", 0, false, "x", "cos(1/2)",
+                     "125#Take the cos of both sides."},
+        FunctionCase{"Arctangent", "arctan(x)", "2", 0, false, "x", "tan(2)",
+                     "126#Take the tan of both sides."},
+        FunctionCase{"NaturalLogarithm", "ln(x)", "2*y", 0, false, "x", "e^(2*y)",
+                     "127#Antilog to base e on both sides."},
+        FunctionCase{"NaturalLogarithmAsExponentialFunction", "ln(x)", "2", 0, true, "x", "exp(2)",
+                     "127#Take the exponential function of both sides."},
+        FunctionCase{"ExponentialOfZero", "exp(x)", "0", 0, false, "x", "no-solution",
+                     "128#This equation has no solution."},
+        FunctionCase{"ExponentialOfANegativeNumber", "exp(x)", "-2", 0, false, "x", "no-solution",
+                     "128#This equation has no solution over the real numbers."},
+        FunctionCase{"ExponentialOfAPower", "exp(x)", "y^3", 0, false, "x", "ln(y^3)",
+                     "128#Take the natural logarithm both sides.  On the right side use the "
+                     "property of logarithms @ln(Q^m)->m*ln(Q)@ to bring down the exponent."},
+        FunctionCase{"ExponentialOfAReciprocal", "exp(x)", "1/y", 0, false, "x", "ln(1/y)",
+                     "128#Take the natural logarithm both sides.  On the right side use the "
+                     "property of logarithms @ln(1/Q)->-ln(Q)@ ."},
+        FunctionCase{"CommonLogarithm", "log(x)", "-2", 0, false, "x", "10^(-2)",
+                     "129#Antilog to base 10 on both sides."},
+        FunctionCase{"SquareRoot", "sqrt(x-1)", "y+1", 0, false, "x-1", "(y+1)^2",
+                     "130#Square both sides."},
+        FunctionCase{"Secant", "sec(x)", "2", 0, false, "cos(x)", "1/(2)",
+                     "141#Take the reciprocal of both sides."},
+        FunctionCase{"Cosecant", "csc(x)", "2", 0, false, "sin(x)", "1/(2)",
+                     "141#Take the reciprocal of both sides."}));
 
 }  // namespace
 }  // namespace tavimor
