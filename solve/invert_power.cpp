@@ -29,6 +29,15 @@ std::string AsExponent(Session& s, const std::string& text) {
   return NeedsBrackets(s, text) || IsPowerText(s, text) ? "(" + text + ")" : text;
 }
 
+// A step of its own: true when it was shown as the hint. A stop the student asked for during the
+// pause unwinds the solve.
+bool WriteStep(Session& s, const std::string& message, const std::string& left,
+               const std::string& right, int hint) {
+  if (ReportStep(s, message, left, right, hint)) return true;
+  if (s.AutoSolveTag.rfind("Cancel", 0) == 0) throw AppError(kErrorCancel, "Cancelled");
+  return false;
+}
+
 bool IsNegativeValue(Session& s, const std::string& text) {
   const std::optional<double> v = RightSideValue(s, text);
   return v && *v < 0.0;
@@ -170,7 +179,7 @@ void InvertExponent(Session& s, SolveRun& run, const std::string& base, const st
                 "133#Take the base 10 logarithm of both sides (note that the natural "
                 "logarithm would work just as well).",
                 intro);
-  if (ReportStep(s, first, "log(" + left + ")", "log(" + right + ")", 1)) return;
+  if (WriteStep(s, first, "log(" + left + ")", "log(" + right + ")", 1)) return;
   std::string second =
       "134#On the left side use the property of logarithms "
       "@log(Q^m)->m*log(Q)@ to bring down the exponent.";
@@ -183,13 +192,13 @@ void InvertExponent(Session& s, SolveRun& run, const std::string& base, const st
   }
   left = Bracketed(s, exponent) + "*" + log_base;
   right = SimplifyText(s, "log(" + right + ")");
-  if (ReportStep(s, second, left, right, 1)) return;
+  if (WriteStep(s, second, left, right, 1)) return;
   left = StripBrackets(exponent);
   const std::string divided = BracketedSum(s, right) + "/" + log_base;
   const std::string simplified = SimplifyText(s, divided);
   const std::string divide = "135#Divide both sides by @" + log_base + "@ .";
   if (simplified != divided) {
-    if (ReportStep(s, divide, left, divided, 1)) return;
+    if (WriteStep(s, divide, left, divided, 1)) return;
     message = "135#Simplify the right side.";
   } else {
     message = divide;
@@ -242,10 +251,10 @@ void InvertBase(Session& s, SolveRun& run, const std::string& base, const std::s
   const std::string n = SimplifyText(s, "-(" + right + ")");
   const std::string first =
       WithIntro(s, run, "219#The right side is negative.  Extract a factor of -1 from it.", intro);
-  if (ReportStep(s, first, left, "(-1)*(" + n + ")", 1)) return;
+  if (WriteStep(s, first, left, "(-1)*(" + n + ")", 1)) return;
   left = StripBrackets(base);
-  if (ReportStep(s, "220#Now raise both sides to the power @" + k + "@ .", left,
-                 "(-1)^" + k_power + "*(" + n + ")^" + k_power, 0)) {
+  if (WriteStep(s, "220#Now raise both sides to the power @" + k + "@ .", left,
+                "(-1)^" + k_power + "*(" + n + ")^" + k_power, 0)) {
     return;
   }
   message = "221#Simplify the right side.  Use the fact that @(-1)^" + k_power + "=-1@ .";
@@ -313,14 +322,8 @@ int TakeSquareRoot(Session& s, SolveRun& run, bool intro) {
 
 bool UseSameBase(Session& s, std::string& left, std::string& right, const std::string& base,
                  const std::string& exponent) {
-  std::optional<std::int64_t> b;
-  std::optional<std::int64_t> r;
-  {
-    const std::optional<std::int64_t> bv = WholeNumber(s, base);
-    const std::optional<std::int64_t> rv = WholeNumber(s, right);
-    b = bv;
-    r = rv;
-  }
+  const std::optional<std::int64_t> b = WholeNumber(s, base);
+  const std::optional<std::int64_t> r = WholeNumber(s, right);
   if (!b || !r) return false;
   // A positive base has only positive powers.
   if (*b > 0 && *r <= 0) return false;
@@ -347,7 +350,7 @@ bool UseSameBase(Session& s, std::string& left, std::string& right, const std::s
   const std::string step = "Use the fact that " + base + " and " + right +
                            " can both be expressed as whole powers of " + pb +
                            " so the equation can be written as";
-  if (ReportStep(s, step, written_left, "(" + pb + ")^" + qs, 1)) return true;
+  if (WriteStep(s, step, written_left, "(" + pb + ")^" + qs, 1)) return true;
   left = p == 1 ? StripBrackets(exponent) : ps + "*" + e;
   right = qs;
   return true;

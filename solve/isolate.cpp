@@ -109,8 +109,8 @@ std::string AddOnceIntro(const std::string& message, const std::string& letter,
   return message.substr(0, cut) + kOnceIntro + letter + "@ is isolated.||" + message.substr(cut);
 }
 
-void InvertLayer(Session& s, std::string& left, std::string& right, const SideLayer& layer,
-                 std::string& message) {
+void InvertLayer([[maybe_unused]] Session& s, std::string& left, std::string& right,
+                 const SideLayer& layer, std::string& message) {
   // 1/A = R  ->  A = 1/R
   if (left.rfind("1/", 0) == 0 && layer.Children.size() == 2 &&
       IsProductRole(layer.Children.front().Role)) {
@@ -161,7 +161,6 @@ void InvertLayer(Session& s, std::string& left, std::string& right, const SideLa
       default: break;  // the factor 1, a term with a typed plus
     }
   }
-  (void)s;
 }
 
 FormStatus IsolateStep(Session& s, SolveRun& run, std::string& message) {

@@ -371,6 +371,19 @@ TEST_F(Isolation, OuterSquareOfASumBranches) {
   EXPECT_EQ(run.WorkRight, "2");
 }
 
+TEST_F(Isolation, StopAskedForDuringItsOwnStepsUnwinds) {
+  s.AutoSolveTag = "Cancel;";
+  Start("3^x", "5");
+  std::string message;
+  try {
+    IsolateStep(s, run, message);
+    ADD_FAILURE() << "the stop was not raised";
+  } catch (const AppError& e) {
+    EXPECT_EQ(e.Number(), kErrorCancel);
+  }
+  EXPECT_EQ(s.StepCount, 1);
+}
+
 TEST(LayerCounting, CountsTheOperationsAroundTheUnknown) {
   RecordingFrontend frontend;
   Session s(frontend);
