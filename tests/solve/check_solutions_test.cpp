@@ -67,6 +67,13 @@ TEST_F(SolutionCheck, AnswerWithoutARealValueIsRejectedWhateverItsSidesSimplifyT
   EXPECT_EQ(s.HelpNumber, 252);
 }
 
+TEST_F(SolutionCheck, AnswerWithinTheToleranceChecksOut) {
+  EXPECT_EQ(Check("x=2", "2.00000001"), "2.00000001");
+  EXPECT_EQ(s.HelpNumber, 254);
+  EXPECT_EQ(Check("x=2", "2.000001"), "no-solution");
+  EXPECT_EQ(s.HelpNumber, 253);
+}
+
 TEST_F(SolutionCheck, EquationWithAParameterIsNotChecked) {
   EXPECT_EQ(Check("a*x=2", "2/a"), "2/a");
   EXPECT_EQ(rejected, 0);

@@ -384,6 +384,29 @@ TEST_F(Isolation, StopAskedForDuringItsOwnStepsUnwinds) {
   EXPECT_EQ(s.StepCount, 1);
 }
 
+TEST_F(Isolation, IntroductionGoesOnTheFirstLogarithmStep) {
+  Isolate("3^(x+1)", "5");
+  EXPECT_EQ(Transcript().rfind(std::string(kIntro) +
+                                   "\n\nTake the base 10 logarithm of both sides (note that the "
+                                   "natural logarithm would work just as well).\n\n\t"
+                                   "@log(3^(x+1))=log(5)@\n\n",
+                               0),
+            0u)
+      << Transcript();
+  EXPECT_EQ(Transcript().find(kIntro, 1), std::string::npos);
+}
+
+TEST_F(Isolation, IntroductionGoesOnTheNegativeFactorStep) {
+  Isolate("(x+1)^3", "-8");
+  EXPECT_EQ(Transcript().rfind(std::string(kIntro) +
+                                   "\n\nThe right side is negative.  Extract a factor of -1 from "
+                                   "it.\n\n\t@(x+1)^3=(-1)*(8)@\n\n",
+                               0),
+            0u)
+      << Transcript();
+  EXPECT_EQ(run.WorkRight, "-3");
+}
+
 TEST(LayerCounting, CountsTheOperationsAroundTheUnknown) {
   RecordingFrontend frontend;
   Session s(frontend);
