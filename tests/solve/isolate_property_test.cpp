@@ -189,5 +189,40 @@ TEST_F(IsolationProperty, AnswersSatisfyTheEquationAndNoRealRootIsLost) {
   EXPECT_GT(checked, 250);
 }
 
+// Any side in which x occurs once, under any function or exponent the tutor knows, is isolated
+// to the end in a bounded number of steps, and nothing but the run-time error of a command
+// (a number beyond the arithmetic's range) stops it.
+TEST_F(IsolationProperty, EveryLayerComesOffInBoundedSteps) {
+  const char* wrappers[] = {"sin",    "cos",    "tan", "cot", "sec", "csc", "arcsin",
+                            "arccos", "arctan", "log", "exp", "ln",  "sqrt"};
+  const char* exponents[] = {"2", "3", "4", "(1/3)", "(2/3)", "(-2)", "(-1)", "(1/2)", "x"};
+  int ended = 0;
+  for (int trial = 0; trial < 200; ++trial) {
+    std::string a = "x";
+    const int depth = Number(1, 3);
+    for (int k = 0; k < depth; ++k) {
+      const std::string b = "(" + a + ")";
+      switch (Number(0, 3)) {
+        case 0: a = std::string(wrappers[Number(0, 12)]) + b; break;
+        case 1: {
+          const std::string e = exponents[Number(0, 7)];
+          a = b + "^" + e;
+          break;
+        }
+        case 2: a = std::to_string(Number(2, 9)) + "^" + b; break;
+        default: a = std::to_string(Number(1, 9)) + "*" + b + "-" + std::to_string(Number(1, 9));
+      }
+    }
+    const std::string right = std::to_string(Number(-9, 9));
+    try {
+      const std::string answers = IsolateAll(SimplifyText(s, a), right);
+      EXPECT_FALSE(answers.empty()) << a << "=" << right;
+      ++ended;
+    } catch (const RunTimeError&) {
+    }
+  }
+  EXPECT_GT(ended, 150);
+}
+
 }  // namespace
 }  // namespace tavimor
