@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/scoped_override.h"
@@ -405,6 +406,24 @@ TEST_F(Isolation, IntroductionGoesOnTheNegativeFactorStep) {
             0u)
       << Transcript();
   EXPECT_EQ(run.WorkRight, "-3");
+}
+
+TEST_F(Isolation, StepsCountTheSameWhetherShownOrNot) {
+  for (const auto& [left, right] : std::vector<std::pair<std::string, std::string>>{
+           {"x^3", "-8"}, {"3^x", "5"}, {"(x+1)^2", "9"}, {"x^2", "9"}, {"2^x", "8"}}) {
+    s.SolveDetail = 1;
+    s.StepCount = 0;
+    Isolate(left, right);
+    const int shown = s.StepCount;
+    const std::string answer = run.WorkRight;
+    s.SolveDetail = 0;
+    s.StepCount = 0;
+    frontend.work_space.clear();
+    Isolate(left, right);
+    EXPECT_EQ(s.StepCount, shown) << left << "=" << right;
+    EXPECT_EQ(run.WorkRight, answer) << left << "=" << right;
+    EXPECT_EQ(Transcript(), "") << left << "=" << right;
+  }
 }
 
 TEST(LayerCounting, CountsTheOperationsAroundTheUnknown) {
