@@ -9,11 +9,13 @@
 #include "cli/course_list.h"
 #include "cli/line_editor.h"
 #include "cli/run_item.h"
+#include "cli/system_view.h"
 #include "cli/tree_command.h"
 #include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 
@@ -32,6 +34,14 @@ void PrintOffers(const Session& s, std::ostream& out) {
   out << "[" << PanelCaption(s, s.Form.visible_panel)
       << "] commands: " << (ready.empty() ? "none yet" : ready);
   if (!coming.empty()) out << "   (still to come: " << coming << ")";
+  if (s.SystemWindow != nullptr && !SystemWindowClosed(s)) {
+    std::string words;
+    for (const SystemWord& word : SystemWords()) {
+      words += (words.empty() ? "" : ", ") + std::string(word.word) +
+               (word.argument != nullptr ? std::string(" ") + word.argument : "");
+    }
+    out << "   (system window: " << words << ")";
+  }
   out << '\n';
 }
 
@@ -48,6 +58,7 @@ const std::vector<std::string> kSessionWords = {"help", "status", "clear", "quit
 std::vector<std::string> AllWords() {
   std::vector<std::string> words;
   for (const CommandWord& word : CommandWords()) words.emplace_back(word.word);
+  for (const SystemWord& word : SystemWords()) words.emplace_back(word.word);
   for (const std::string& word : kSessionWords) words.push_back(word);
   return words;
 }
@@ -56,6 +67,11 @@ void PrintHelp(std::ostream& out) {
   for (const CommandWord& word : CommandWords()) {
     out << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ') << word.what
         << '\n';
+  }
+  for (const SystemWord& word : SystemWords()) {
+    const std::string name =
+        std::string(word.word) + (word.argument ? std::string(" ") + word.argument : "");
+    out << "  " << name << std::string(22 - name.size(), ' ') << word.what << '\n';
   }
   out << "  status [N]            show the status bar, or click panel N (1 to 9)\n"
          "  clear                 clear the work space\n"
@@ -136,7 +152,7 @@ class InteractiveTutor {
       std::cout << "load takes the item to load, for example: load hint\n";
     } else if (line.rfind("load ", 0) == 0) {
       Load(line.substr(5));
-    } else if (FindCommandWord(line) != nullptr) {
+    } else if (FindCommandWord(line) != nullptr || IsSystemWord(line.substr(0, line.find(' ')))) {
       Command(line);
     } else if (const std::string guess = GuessCommandWord(line, AllWords()); !guess.empty()) {
       std::cout << "Did you mean " << guess << "?  To load \"" << PrintableText(line)
@@ -206,6 +222,7 @@ class InteractiveTutor {
 
   void After() {
     frontend_.Flush();
+    PrintSystemGrid(s_, std::cout);
     if (!s_.Form.item_kind.empty()) PrintOffers(s_, std::cout);
   }
 

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "cli/system_view.h"
 #include "cli/terminal_frontend.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
@@ -59,6 +60,7 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
   out += ", \"messages\": " + JsonList(messages);
   out += ", \"hints\": " + JsonList(hints);
   out += ", \"error\": " + (error ? JsonString(*error) : std::string("null"));
+  out += SystemJsonFields(s);
   return out + "}";
 }
 

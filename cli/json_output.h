@@ -14,7 +14,8 @@ namespace tavimor {
 // characters escaped.
 std::string JsonString(const std::string& text);
 
-// kind, panel, left, right, transcript, help, status, messages, hints, error. Without
+// kind, panel, left, right, transcript, help, status, messages, hints, error, and the system
+// window's grid, system and solution (cli/system_view.h). Without
 // `show_item` (a line that was never loaded) kind and panel are null and the sides empty.
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,

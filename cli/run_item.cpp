@@ -8,6 +8,7 @@
 
 #include "cli/cli_session.h"
 #include "cli/json_output.h"
+#include "cli/system_view.h"
 #include "cli/tree_command.h"
 #include "core/message_box.h"
 #include "core/scoped_override.h"
@@ -15,6 +16,7 @@
 #include "present/text_picture.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 
 namespace tavimor {
@@ -35,6 +37,15 @@ int RefuseLine(Session& s, const std::string& problem, bool json, std::ostream& 
 
 bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error,
              std::string& refusal) {
+  // A word of the open system window, with its argument after a blank.
+  const std::size_t blank = word.find(' ');
+  if (IsSystemWord(word.substr(0, blank))) {
+    std::string argument = blank == std::string::npos ? "" : word.substr(blank + 1);
+    std::string message;
+    const bool ran = RunSystemWord(s, word.substr(0, blank), argument, message, refusal);
+    if (!message.empty()) error = message;
+    return ran;
+  }
   const CommandWord* entry = FindCommandWord(word);
   if (entry == nullptr) {
     refusal =
@@ -77,7 +88,10 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     status = kExitRefused;
   }
   if (status == kExitOk) {
-    for (const std::string& word : words) {
+    for (std::size_t k = 0; k < words.size(); ++k) {
+      std::string word = words[k];
+      // "ero" takes the next word as its operation.
+      if (word == "ero" && k + 1 < words.size()) word += " " + words[++k];
       std::string refusal;
       if (!RunWord(s, word, error, refusal)) {
         std::cerr << refusal << '\n';
@@ -105,6 +119,7 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       out << "Hint:\n";
       for (const std::string& line : RenderForTerminal(s, hint)) out << PrintableText(line) << '\n';
     }
+    PrintSystemGrid(s, out);
   }
   // A value evaluate asked for and nobody gave: a mistake on the command line.
   for (const std::string& letter : frontend.MissingValues()) {

@@ -9,6 +9,8 @@ namespace tavimor {
 
 struct RichRun;
 class FontMetrics;
+class Session;
+struct SysEqState;
 using RichText = std::vector<RichRun>;
 
 enum class MessageIcon { Information, Critical };
@@ -57,6 +59,10 @@ class Frontend {
   virtual bool AskValueAgain(const std::string& /*letter*/) { return true; }
   // The help topic with that number.
   virtual void ShowHelp(int help_number) = 0;
+  // The window that solves a set of linear equations, made ready in `form`. A front end that
+  // shows it modally returns once it has closed; one that drives it word by word (the terminal,
+  // the tests) returns at once and leaves it open.
+  virtual void OpenSystemWindow(Session& /*s*/, SysEqState& /*form*/) {}
 };
 
 }  // namespace tavimor

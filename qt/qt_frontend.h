@@ -53,6 +53,7 @@ class QtFrontend : public Frontend {
       const std::vector<std::string>& letters,
       const std::vector<std::string>& suggestions) override;
   void ShowHelp(int help_number) override;
+  void OpenSystemWindow(Session& s, SysEqState& state) override;
 
  private:
   MainWindow* window_ = nullptr;

@@ -10,6 +10,7 @@
 #include "shell/command_frame.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -135,7 +136,7 @@ const std::vector<CommandRow> kRows = {
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
   {"cmdSolveByElim", On(kPanelMultiEquations), "By elimination",
    "Solve the system of equations by Gaussian elimination",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"elim", "solve the system by elimination"}, kNoWord, kNoFrame, nullptr, &cmdSolveByElim},
   {"cmdSolveBySubs", On(kPanelMultiEquations), "By substitution",
    "Solve the system of equations by substitution", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
   {"cmdSubstitute", On(kPanelMultiEquations), "Substitute",

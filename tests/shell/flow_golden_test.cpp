@@ -5,7 +5,9 @@
 // "do:" lines: a button word (left, right, equation, simplify, factor, brackets, or any word of the
 // terminal tutor, such as expand-denominators for the right button), "click N" on a status
 // panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
-// (the values given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..."
+// (the values given to the letters asked for, or "evaluate cancel"), the words of the elimination
+// window ("elim", then "ero R2-3R1", "assist", "assist-all", "undo", "ok", "continue"), and
+// "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
 // (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause".
@@ -20,10 +22,12 @@
 #include "core/input_split.h"
 #include "core/node_pool.h"
 #include "core/validate.h"
+#include "linsys/sys_eq_form.h"
 #include "manipulate/expand.h"
 #include "present/work_space.h"
 #include "shell/buttons.h"
 #include "shell/command_frame.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
 #include "shell/status_bar.h"
@@ -142,6 +146,9 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     const ExpressionCommand* command = FindExpressionCommand(button);
     ASSERT_NE(command, nullptr) << button;
     RunExpressionCommand(s, *command, TestEngine(kind, argument));
+  } else if (IsSystemWord(verb)) {
+    std::string refusal;
+    if (!RunSystemWord(s, verb, rest, error, refusal)) FAIL() << refusal << ": " << line;
   } else if (const CommandWord* word = FindCommandWord(verb); word != nullptr) {
     PressButton(s, word->button, word->right_button, error);
   } else {
@@ -171,6 +178,10 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   out += "right: " + s.Pool[kRightRoot].Text + "\n";
   out += "help: " + std::to_string(s.HelpNumber) + "\n";
   for (const std::string& panel : s.Form.status_panels) out += "status: " + panel + "\n";
+  if (const SysEqState* form = s.SystemWindow.get(); form != nullptr) {
+    for (const std::string& line : GridTextLines(s, *form)) out += "grid: " + line + "\n";
+    out += std::string("window: ") + (form->closed ? "closed" : "open") + "\n";
+  }
   return out;
 }
 
