@@ -110,9 +110,11 @@ bool GridNumber::FromText(const Session& s, const std::string& text, GridNumber&
   int digits = 0;
   bool point = false;
   bool too_long = false;
+  bool seen_digit = false;
   for (; at < text.size(); ++at) {
     const char c = text[at];
     if (c >= '0' && c <= '9') {
+      seen_digit = true;
       if (digits < 30) {
         mantissa = mantissa * 10 + (c - '0');
         if (mantissa != 0) ++digits;
@@ -126,6 +128,7 @@ bool GridNumber::FromText(const Session& s, const std::string& text, GridNumber&
       break;
     }
   }
+  if (!seen_digit) return false;
   int exponent = 0;
   if (at < text.size()) {
     if (text[at] != 'E' && text[at] != 'e') return false;

@@ -226,6 +226,11 @@ void SysEqForm::Sync() {
       const bool number = c % 3 == 1 || c == width - 2;
       item->setTextAlignment(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
       if (c == width - 1) item->setForeground(Qt::darkRed);
+      if (c % 3 == 2 && c < width - 2) {  // a letter, in italic as in print
+        QFont italic = grid_->font();
+        italic.setItalic(true);
+        item->setFont(italic);
+      }
       if (l == 2 * (state_.blue_row - 1) && c == 3 * (state_.blue_col - 1) + 1) {
         item->setForeground(Qt::blue);
         QFont bold = grid_->font();
