@@ -119,7 +119,7 @@ void ApplyEro(SystemGrid& g, const Ero& e) {
       case 2: {
         const GridNumber step = e.factor * g.At(e.row2, column);
         cell = e.second ? cell - step : cell + step;
-        if (std::fabs(cell.Value()) < kSnap) cell = GridNumber(0);
+        if (!cell.Exact() && std::fabs(cell.Value()) < kSnap) cell = GridNumber(0);
         break;
       }
       case 3: std::swap(cell, g.At(e.row2, column)); break;

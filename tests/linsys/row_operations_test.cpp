@@ -2,6 +2,8 @@
 // ERO, the snapping of results and of typed numbers, and the steps in the work space.
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "linsys/row_operations.h"
 #include "system_fixture.h"
 
@@ -191,6 +193,47 @@ TEST_F(SystemTest, ClickOnACoefficientCopiesItAsShown) {
   form.panel = 1;
   ClickGridCell(s, form, 2, 4);
   EXPECT_EQ(form.ero1_number, "1");
+}
+
+TEST_F(SystemTest, AnyTypedTextIsReadOrRefusedWithoutHarm) {
+  const SystemGrid g = Grid("x+y+z=1; x-y=2; y+z=3; x=4");
+  std::mt19937 rng(7);
+  const std::string alphabet = "R0123456789*/+-;().,Ex ";
+  std::uniform_int_distribution<std::size_t> pick(0, alphabet.size() - 1);
+  std::uniform_int_distribution<int> length(0, 16);
+  int accepted = 0;
+  for (int trial = 0; trial < 20000; ++trial) {
+    std::string text;
+    for (int k = length(rng); k > 0; --k) text += alphabet[pick(rng)];
+    Ero e;
+    if (!ParseEROText(s, text, g, 3, e)) continue;
+    ++accepted;
+    EXPECT_GE(e.row, 1) << text;
+    EXPECT_LE(e.row, 4) << text;
+    EXPECT_GE(e.kind, 1) << text;
+    EXPECT_LE(e.kind, 3) << text;
+    if (e.kind != 1) {
+      EXPECT_NE(e.row, e.row2) << text;
+      EXPECT_GE(e.row2, 1) << text;
+      EXPECT_LE(e.row2, 4) << text;
+    }
+    EXPECT_FALSE(e.factor.IsZero()) << text;
+  }
+  EXPECT_GT(accepted, 0);
+}
+
+TEST(RowSnapping, ExactEntriesAreNeverSnapped) {
+  SystemGrid g;
+  g.rows = 2;
+  g.cols = 2;
+  g.vars = {'x'};
+  g.At(1, 1) = GridNumber::Fraction(1, 20000000000);
+  g.At(1, 2) = GridNumber::Fraction(20000000001, 20000000000);
+  ApplyEro(g, Ero{2, 1, 2, false, GridNumber(1)});
+  EXPECT_EQ(g.At(1, 1).Numerator(), 1);
+  EXPECT_EQ(g.At(1, 1).Denominator(), 20000000000);
+  ApplyEro(g, Ero{1, 1, 0, false, GridNumber(1)});
+  EXPECT_FALSE(g.At(1, 2).IsOne());
 }
 
 TEST(RowSnapping, ScaleNearOneBecomesExactlyOne) {
