@@ -6,6 +6,7 @@
 
 #include "core/message_box.h"
 #include "present/step_markup.h"
+#include "present/typesetter.h"
 #include "present/work_space.h"
 
 namespace tavimor {
@@ -23,10 +24,26 @@ std::string WithoutVariableMarks(std::string text) {
 void WriteStep(Session& s, const std::string& message) {
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));
   std::string body = WithoutVariableMarks(StripHelpPrefix(message));
-  if (!body.empty() && body.back() == '|') body.pop_back();  // the message's own line end ends it
   WorkSpaceSink box(s);
   WriteText(s, box, "", 1, 0, "FFF0");
-  WriteMessage(s, box, body, true);
+  // A line that is one equation alone is set indented, as the equations of a set are when it is
+  // loaded; other lines are written as messages.
+  std::size_t at = 0;
+  while (at < body.size()) {
+    std::size_t end = body.find('|', at);
+    if (end == std::string::npos) end = body.size();
+    const std::string line = body.substr(at, end - at);
+    at = end + 1;
+    const std::size_t equals = line.find('=');
+    if (line.size() > 2 && line.front() == '@' && line.back() == '@' &&
+        line.find('@', 1) == line.size() - 1 && equals != std::string::npos) {
+      Picture picture = DrawEquation(s, s.Screen().Metrics(), line.substr(1, equals - 1),
+                                     line.substr(equals + 1, line.size() - equals - 2));
+      InsertPicture(s, box, std::move(picture), 0, 1, true);
+    } else {
+      WriteMessage(s, box, line, true);
+    }
+  }
 }
 
 void WriteSystemStep(Session& s, const SysEqState& form, const std::string& step) {

@@ -33,7 +33,7 @@ TEST_F(SystemTest, ZeroInThePivotPositionNeedsASwapFirst) {
             "mean dividing by 0, so instead we apply ERO # 3 and interchange rows 1 and 2.");
   EXPECT_EQ(Texts(form.grid), (Rows{{"1", "0", "3"}, {"0", "1", "2"}}));
   EXPECT_NE(WorkSpace().find("Apply ERO # 3, swapping R1 and R2.  The system of equations "
-                             "becomes:\n@x=3@\n@y=2@\n"),
+                             "becomes:\n\t@x=3@\n\t@y=2@\n"),
             std::string::npos)
       << WorkSpace();
 }
@@ -100,7 +100,7 @@ TEST_F(SystemTest, ReducedFormIsAnnouncedThenReadThenTheWindowCloses) {
   cmdAssistElim(s, form);
   EXPECT_TRUE(form.closed);
   EXPECT_NE(WorkSpace().find("This form shows that the system of equations has a unique "
-                             "solution, namely:\n@x=2@\n@y=1@\n"),
+                             "solution, namely:\n\t@x=2@\n\t@y=1@\n"),
             std::string::npos)
       << WorkSpace();
   EXPECT_EQ(form.reading.kind, SystemKind::Unique);
@@ -165,10 +165,11 @@ TEST_F(SystemTest, ResultOnlyRunsInSilenceToTheResult) {
   EXPECT_FALSE(StartSysSolve(s, form));
   EXPECT_TRUE(form.closed);
   const std::string text = WorkSpace();
-  EXPECT_NE(text.find("Solving this system of equations by elimination puts it into Row-Reduced "
-                      "Echelon (or Gauss-Jordan) Form:\n@x=2@\n@y=1@\nThis means that the system "
-                      "of equations has a unique solution, namely:\n@x=2@\n@y=1@\n"),
-            std::string::npos)
+  EXPECT_NE(
+      text.find("Solving this system of equations by elimination puts it into Row-Reduced "
+                "Echelon (or Gauss-Jordan) Form:\n\t@x=2@\n\t@y=1@\nThis means that the system "
+                "of equations has a unique solution, namely:\n\t@x=2@\n\t@y=1@\n"),
+      std::string::npos)
       << text;
   EXPECT_EQ(text.find("Apply ERO"), std::string::npos);
 }

@@ -134,7 +134,7 @@ TEST_F(SystemTest, OkWritesTheStepWithTheSystem) {
   ASSERT_TRUE(EnterKeyboardEro(s, form, "R2-3R1"));
   cmdOK(s, form);
   EXPECT_NE(WorkSpace().find("Apply ERO # 2, replacing R2 \xe2\x86\x92 R2 - 3 * R1.  The system of "
-                             "equations becomes:\n@2*x+4*y=6@\n@-5*x-13*y=-17@\n"),
+                             "equations becomes:\n\t@2*x+4*y=6@\n\t@-5*x-13*y=-17@\n"),
             std::string::npos)
       << WorkSpace();
   EXPECT_FALSE(form.Pending());

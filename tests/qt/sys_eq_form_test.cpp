@@ -96,7 +96,7 @@ class SysEqFormTest : public QObject {
     Grab(form, "sys_eq_form_done.png");
     QTest::mouseClick(form.AssistButton(), Qt::LeftButton);
     QCOMPARE(form.result(), int(QDialog::Accepted));
-    QVERIFY(frontend_->Transcript().find("has a unique solution, namely:\n@x=2@\n@y=1@") !=
+    QVERIFY(frontend_->Transcript().find("has a unique solution, namely:\n\t@x=2@\n\t@y=1@") !=
             std::string::npos);
   }
 
