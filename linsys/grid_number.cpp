@@ -115,7 +115,7 @@ bool GridNumber::FromText(const Session& s, const std::string& text, GridNumber&
     const char c = text[at];
     if (c >= '0' && c <= '9') {
       seen_digit = true;
-      if (digits < 30) {
+      if (digits < 19) {  // 10^19 by 10^18 stays within 128 bits
         mantissa = mantissa * 10 + (c - '0');
         if (mantissa != 0) ++digits;
         if (point) ++decimals;

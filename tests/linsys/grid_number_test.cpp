@@ -29,6 +29,12 @@ TEST_F(GridNumberTest, DecimalsAreReadExactly) {
   EXPECT_EQ(Read("-3/-4").Text(s), "3/4");
 }
 
+TEST_F(GridNumberTest, LongDigitsWithALargeExponentBecomeAFloat) {
+  const GridNumber n = Read("1234567890123456789012345E+18");
+  EXPECT_FALSE(n.Exact());
+  EXPECT_DOUBLE_EQ(n.Value(), 1.234567890123456789e42);
+}
+
 TEST_F(GridNumberTest, TextWithoutDigitsIsNoNumber) {
   GridNumber n;
   for (const char* text : {"", "-", ".", "E5", "1/0", "x", "1.5Q", "1E"}) {
