@@ -60,7 +60,8 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
   out += ", \"messages\": " + JsonList(messages);
   out += ", \"hints\": " + JsonList(hints);
   out += ", \"error\": " + (error ? JsonString(*error) : std::string("null"));
-  out += SystemJsonFields(s);
+  // A line that was never loaded has no system of its own either.
+  out += loaded ? SystemJsonFields(s) : ", \"grid\": null, \"system\": null, \"solution\": null";
   return out + "}";
 }
 

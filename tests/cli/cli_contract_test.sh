@@ -182,6 +182,10 @@ printf 'x+y=3; x-y=1\telim ero R1;R2 assist-all\n' > "$work/elim.txt"
 out=$("$cli" --json --batch "$work/elim.txt" 2>/dev/null)
 contains "batch takes ero with its operation as the next word" "$out" \
   'Apply ERO # 3, swapping R1 and R2' '"system": "unique"'
+printf 'x+y=3; x-y=1\telim assist-all\n(x]\n' > "$work/elim2.txt"
+out=$("$cli" --json --batch "$work/elim2.txt" 2>/dev/null | tail -1)
+contains "a refused batch line has no system of the line before" "$out" '"kind": null' \
+  '"grid": null, "system": null, "solution": null'
 out=$(printf 'x+y=3; x-y=1\nelim\nassist\nundo\nero R2-R1\nassist-all\nquit\n' | "$cli" 2>&1)
 contains "the interactive tutor drives the window" "$out" "     [1] x + 1 y =  3" \
   "R2 - 1 * R1" "[Multi Eqns] commands: elim   (system window: ero TEXT, undo, assist" \
