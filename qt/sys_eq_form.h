@@ -34,7 +34,13 @@ class SysEqForm : public QDialog {
   QLineEdit* KeyboardLine() const { return keyboard_; }
   QLineEdit* NumberBox(int kind) const { return kind == 1 ? ero1_number_ : ero2_number_; }
   QLabel* AssistBox() const { return assist_box_; }
-  QPushButton* PanelButton(int kind) const { return panel_buttons_[kind - 1]; }
+  QPushButton* PanelButton(int kind) const {
+    return panel_buttons_[static_cast<std::size_t>(kind - 1)];
+  }
+  // Button k (0 to 3) of the row set: 0 ERO1, 1 ERO2a, 2 ERO2b, 3 ERO3a, 4 ERO3b.
+  QRadioButton* RowButton(int set, int k) const {
+    return rows_[static_cast<std::size_t>(set)][static_cast<std::size_t>(k)];
+  }
 
   // Brings every widget in line with the state.
   void Sync();

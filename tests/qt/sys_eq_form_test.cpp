@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
 
@@ -45,6 +46,19 @@ class SysEqFormTest : public QObject {
     QCOMPARE(form.Grid()->item(2, 3)->text(), QStringLiteral("-"));
     QCOMPARE(form.Grid()->item(2, 7)->text(), QStringLiteral("-1"));
     QVERIFY(!form.OkButton()->isVisible());
+  }
+
+  void RowButtonsFollowTheNumberOfRows() {
+    SysEqForm& two = Open("x+y=3; x-y=1");
+    QTest::mouseClick(two.PanelButton(3), Qt::LeftButton);
+    QVERIFY(two.RowButton(3, 1)->isVisible());
+    QVERIFY(!two.RowButton(3, 2)->isVisible());
+    QVERIFY(!two.RowButton(4, 3)->isVisible());
+    SysEqForm& five = Open("a=1; b=2; c=3; f=4; g=5");
+    QTest::mouseClick(five.PanelButton(1), Qt::LeftButton);
+    // Rows beyond the fourth are typed.
+    QVERIFY(five.RowButton(0, 3)->isVisible());
+    QCOMPARE(five.RowButton(0, 3)->text(), QStringLiteral("R4"));
   }
 
   void AssistPaintsThePivotBlueAndTellsWhy() {
