@@ -28,10 +28,20 @@ parted by ";", for example "2x+3=7" or "x+y=3; x-y=1". The work space is printed
 with its mathematics set in two dimensions. Steps flow in a stream unless
 --set "Streaming output=False" is given.
 
+A set of equations is solved by elimination with the command elim; then
+  ero TEXT    an ERO as on the keyboard (R2*3, R1/2, R1-2R3, R1;R2), tried and kept
+  undo        takes back the last ERO           assist      ERO Assist, one ERO
+  assist-all  ERO Assist until the reduced form is read
+  ok          keeps an ERO on trial             continue    reads the reduced form
+The grid is printed after the work space (after each command in the tutor).
+
 Options:
   --json            Print one JSON object instead: kind, panel, left, right,
                     transcript (each picture as @mathematics@), help, status
-                    (the nine status panels), messages, hints, error.
+                    (the nine status panels), messages, hints, error; after elim
+                    also grid (the rows as lists of number texts), system ("unique",
+                    "infinite", "none", or null until the reduced form is read) and
+                    solution (letter -> value text, for "unique").
   --batch FILE      Each line of FILE is a fresh load in one session; with --json
                     exactly one object per line, with its error. The count and time
                     go to standard error; the exit status is that of the first line

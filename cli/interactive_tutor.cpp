@@ -10,11 +10,13 @@
 #include "cli/course_list.h"
 #include "cli/line_editor.h"
 #include "cli/run_item.h"
+#include "cli/system_view.h"
 #include "cli/tree_command.h"
 #include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 
@@ -33,6 +35,14 @@ void PrintOffers(const Session& s, std::ostream& out) {
   out << "[" << PanelCaption(s, s.Form.visible_panel)
       << "] commands: " << (ready.empty() ? "none yet" : ready);
   if (!coming.empty()) out << "   (still to come: " << coming << ")";
+  if (s.SystemWindow != nullptr && !SystemWindowClosed(s)) {
+    std::string words;
+    for (const SystemWord& word : SystemWords()) {
+      words += (words.empty() ? "" : ", ") + std::string(word.word) +
+               (word.argument != nullptr ? std::string(" ") + word.argument : "");
+    }
+    out << "   (system window: " << words << ")";
+  }
   out << '\n';
 }
 
@@ -53,6 +63,7 @@ std::vector<std::string> AllWords() {
       words.emplace_back(word.word);
     }
   }
+  for (const SystemWord& word : SystemWords()) words.emplace_back(word.word);
   for (const std::string& word : kSessionWords) words.push_back(word);
   return words;
 }
@@ -64,6 +75,11 @@ void PrintHelp(std::ostream& out) {
     told.emplace_back(word.word);
     out << "  " << word.word << std::string(22 - std::string(word.word).size(), ' ') << word.what
         << '\n';
+  }
+  for (const SystemWord& word : SystemWords()) {
+    const std::string name =
+        std::string(word.word) + (word.argument ? std::string(" ") + word.argument : "");
+    out << "  " << name << std::string(22 - name.size(), ' ') << word.what << '\n';
   }
   out << "  status [N]            show the status bar, or click panel N (1 to 9)\n"
          "  clear                 clear the work space\n"
@@ -155,7 +171,7 @@ class InteractiveTutor {
         Command(kFiguresWord);
         frontend_.SetFiguresAnswer(std::nullopt);
       }
-    } else if (FindCommandWord(line) != nullptr) {
+    } else if (FindCommandWord(line) != nullptr || IsSystemWord(line.substr(0, line.find(' ')))) {
       Command(line);
     } else if (const std::string guess = GuessCommandWord(line, AllWords()); !guess.empty()) {
       std::cout << "Did you mean " << guess << "?  To load \"" << PrintableText(line)
@@ -225,6 +241,7 @@ class InteractiveTutor {
 
   void After() {
     frontend_.Flush();
+    PrintSystemGrid(s_, std::cout);
     if (!s_.Form.item_kind.empty()) PrintOffers(s_, std::cout);
   }
 

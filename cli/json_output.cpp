@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "cli/system_view.h"
 #include "cli/terminal_frontend.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
@@ -61,6 +62,8 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
   out += ", \"hints\": " + JsonList(hints);
   out += ", \"error\": " + (error ? JsonString(*error) : std::string("null"));
   out += ", \"dialog\": " + JsonList(dialog);
+  // A line that was never loaded has no system of its own either.
+  out += loaded ? SystemJsonFields(s) : ", \"grid\": null, \"system\": null, \"solution\": null";
   return out + "}";
 }
 

@@ -9,6 +9,7 @@
 
 #include "cli/cli_session.h"
 #include "cli/json_output.h"
+#include "cli/system_view.h"
 #include "cli/tree_command.h"
 #include "core/message_box.h"
 #include "core/scoped_override.h"
@@ -16,6 +17,7 @@
 #include "present/text_picture.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 
 namespace tavimor {
@@ -36,6 +38,15 @@ int RefuseLine(Session& s, const std::string& problem, bool json, std::ostream& 
 
 bool RunWord(Session& s, const std::string& word, std::optional<std::string>& error,
              std::string& refusal) {
+  // A word of the open system window, with its argument after a blank.
+  const std::size_t blank = word.find(' ');
+  if (IsSystemWord(word.substr(0, blank))) {
+    std::string argument = blank == std::string::npos ? "" : word.substr(blank + 1);
+    std::string message;
+    const bool ran = RunSystemWord(s, word.substr(0, blank), argument, message, refusal);
+    if (!message.empty()) error = message;
+    return ran;
+  }
   const CommandWord* entry = FindCommandWord(word, s.Form.visible_panel);
   if (entry == nullptr) {
     refusal =
@@ -90,7 +101,9 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
   }
   if (status == kExitOk) {
     for (std::size_t k = 0; k < words.size(); ++k) {
-      const std::string& word = words[k];
+      std::string word = words[k];
+      // "ero" takes the next word as its operation.
+      if (word == "ero" && k + 1 < words.size()) word += " " + words[++k];
       std::string refusal;
       // sig-figs N: the figures the dialog takes; a word that starts like a number is read as
       // the figures (and refused when it is not 1 to 20).
@@ -138,6 +151,7 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       out << "Hint:\n";
       for (const std::string& line : RenderForTerminal(s, hint)) out << PrintableText(line) << '\n';
     }
+    PrintSystemGrid(s, out);
   }
   // A value evaluate asked for and nobody gave: a mistake on the command line.
   for (const std::string& letter : frontend.MissingValues()) {

@@ -9,6 +9,8 @@ namespace tavimor {
 
 struct RichRun;
 class FontMetrics;
+class Session;
+struct SysEqState;
 using RichText = std::vector<RichRun>;
 
 enum class MessageIcon { Information, Critical, Exclamation };
@@ -66,6 +68,10 @@ class Frontend {
   // "Close"), and waits: true when the button was pressed, false when the dialog was closed. A
   // press of "Close" closes the dialog.
   virtual bool ShowFactorForm(const std::string& box, const std::string& caption) = 0;
+  // The window that solves a set of linear equations, made ready in `form`. A front end that
+  // shows it modally returns once it has closed; one that drives it word by word (the terminal,
+  // the tests) returns at once and leaves it open.
+  virtual void OpenSystemWindow(Session& /*s*/, SysEqState& /*form*/) {}
 };
 
 }  // namespace tavimor

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,8 @@ inline constexpr int kFunctionCount = 13;
 inline constexpr const char* kFactoryGraphParms =
     "500;500;-10;10;10;10;-10;10;10;10;2;0;2;0;0;1;255;16711680;65280;8421504;8388736;16711935;"
     "8421376;8388608;32768;0";
+
+struct SysEqState;
 
 // One row of the equations of the work item: left side, right side, two columns of graph data.
 using EquationRow = std::array<std::string, 4>;
@@ -102,6 +105,12 @@ struct CommandState {
 
   // Diagnostics of the running command: its start in seconds of a steady clock.
   double CommandStartSeconds = 0.0;
+
+  // The method of the system window: 1 elimination, 2 substitution.
+  std::int16_t SysMethod = 0;
+  // The system window and its grid (linsys/sys_eq_form.h): lives until the next one starts or
+  // the next item is loaded.
+  std::shared_ptr<SysEqState> SystemWindow;
 };
 
 // The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.

@@ -15,7 +15,9 @@
 #include <QVBoxLayout>
 #include <iostream>
 
+#include "linsys/sys_eq_form.h"
 #include "qt/main_window.h"
+#include "qt/sys_eq_form.h"
 
 namespace tavimor {
 
@@ -227,6 +229,17 @@ bool QtFrontend::ShowFactorForm(const std::string& box, const std::string& capti
   // The button pressed as "Close", or the dialog closed: it is gone.
   if (!pressed || caption == "Close") factor_form_.reset();
   return pressed;
+}
+
+// The elimination window, modal over the main window. With nobody at the screen it stays shut:
+// the grid is told on standard error and the system is left for the student.
+void QtFrontend::OpenSystemWindow(Session& s, SysEqState& state) {
+  if (unattended_) {
+    for (const std::string& line : GridTextLines(s, state)) Tell("system window", line);
+    return;
+  }
+  SysEqForm form(window_, s, state);
+  form.exec();
 }
 
 }  // namespace tavimor

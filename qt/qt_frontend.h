@@ -57,6 +57,7 @@ class QtFrontend : public Frontend {
   void ShowHelp(int help_number) override;
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
   bool ShowFactorForm(const std::string& box, const std::string& caption) override;
+  void OpenSystemWindow(Session& s, SysEqState& state) override;
 
  private:
   // The prime-factor dialog while it is open.

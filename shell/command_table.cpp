@@ -14,6 +14,7 @@
 #include "shell/commands/factor_command.h"
 #include "shell/commands/fraction_panel_command.h"
 #include "shell/commands/number_tools_command.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -151,7 +152,7 @@ const std::vector<CommandRow> kRows = {
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
   {"cmdSolveByElim", On(kPanelMultiEquations), "By elimination",
    "Solve the system of equations by Gaussian elimination",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"elim", "solve the system by elimination"}, kNoWord, kNoFrame, nullptr, &cmdSolveByElim},
   {"cmdSolveBySubs", On(kPanelMultiEquations), "By substitution",
    "Solve the system of equations by substitution", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
   {"cmdSubstitute", On(kPanelMultiEquations), "Substitute",

@@ -94,6 +94,7 @@ bool cmdLoadEquation(Session& s, const std::string& typed, bool right_button) {
     LoadEquation(s, text);
     AddToEquationList(s, text);
     s.Message.clear();
+    s.SystemWindow.reset();  // a system window belongs to the item it was opened on
   } catch (const std::exception&) {
     if (pool_kept) s.Pool.Swap(s.KeptPool);
     s.EquationList = kept_equations;

@@ -167,6 +167,45 @@ json=$("$cli" --json "1/(x*(x+1))" expand 2>/dev/null)
 contains "json of expand leaving a denominator as it is" "$json" '"left": "1/(x*(x+1))"' \
   'There is nothing to expand.'
 
+# A set of equations by elimination.
+out=$("$cli" "x+y=3; x-y=1" elim assist-all 2>/dev/null)
+contains "elim and assist-all solve a system step by step" "$out" \
+  "The goal is to put the system into RREF form." "Apply ERO # 2, replacing R2 → R2 - 1 * R1" \
+  "This form shows that the system of equations has a unique solution, namely:"
+out=$("$cli" "x+y=3; x-y=1" elim "ero R2-R1" 2>/dev/null)
+contains "ero applies a typed ERO and the grid is printed" "$out" \
+  "Apply ERO # 2, replacing R2 → R2 - 1 * R1.  The system of equations becomes:" \
+  "     1 x + 1 y =  3" "         - 2 y = -2"
+json=$("$cli" --json "x+y=3; x-y=1" elim assist-all 2>/dev/null)
+contains "json of a unique solution" "$json" '"grid": [["1", "0", "2"], ["0", "1", "1"]]' \
+  '"system": "unique"' '"solution": {"x": "2", "y": "1"}' '"help": 296'
+json=$("$cli" --json "x+2y=3; 2x+4y=10" elim assist-all 2>/dev/null)
+contains "json of an inconsistent system" "$json" '"system": "none"' '"solution": null' \
+  'No values of the variables will satisfy equation 2, which states that @0=4@ .'
+json=$("$cli" --json "x+y=2; 2x+2y=4" elim assist-all 2>/dev/null)
+contains "json of a redundant system" "$json" '"system": "infinite"' \
+  'Also, the zero row at the bottom of the RREF form shows that the system of equations is redundant.'
+json=$("$cli" --json "x+y=2; 2x-y=4" elim "ero R5*2" 2>/dev/null)
+contains "json of a refused ERO" "$json" '"messages": ["Error in the ERO description."]' \
+  '"grid": [["1", "1", "2"], ["2", "-1", "4"]]' '"system": null'
+json=$("$cli" --json --set "Solve detail=0" "x+y=3; x-y=1" elim 2>/dev/null)
+contains "json of a system solved with the result only" "$json" '"system": "unique"' \
+  'puts it into Row-Reduced Echelon (or Gauss-Jordan) Form:'
+check "a window word without a window" 3 "" \
+  "No system of equations is open: load a set of equations and type elim." "x+y=3; x-y=1" assist
+printf 'x+y=3; x-y=1\telim ero R1;R2 assist-all\n' > "$work/elim.txt"
+out=$("$cli" --json --batch "$work/elim.txt" 2>/dev/null)
+contains "batch takes ero with its operation as the next word" "$out" \
+  'Apply ERO # 3, swapping R1 and R2' '"system": "unique"'
+printf 'x+y=3; x-y=1\telim assist-all\n(x]\n' > "$work/elim2.txt"
+out=$("$cli" --json --batch "$work/elim2.txt" 2>/dev/null | tail -1)
+contains "a refused batch line has no system of the line before" "$out" '"kind": null' \
+  '"grid": null, "system": null, "solution": null'
+out=$(printf 'x+y=3; x-y=1\nelim\nassist\nundo\nero R2-R1\nassist-all\nquit\n' | "$cli" 2>&1)
+contains "the interactive tutor drives the window" "$out" "     [1] x + 1 y =  3" \
+  "R2 - 1 * R1" "[Multi Eqns] commands: elim   (system window: ero TEXT, undo, assist" \
+  "This form shows that the system of equations has a unique solution, namely:"
+
 # Batch.
 printf '2x+3=7\tleft equation\n\n1/2+1/3\n(x]\n' > "$work/batch.txt"
 out=$("$cli" --batch "$work/batch.txt" 2>"$work/err")

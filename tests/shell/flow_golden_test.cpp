@@ -7,7 +7,9 @@
 // panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
 // (the values given to the letters asked for, or "evaluate cancel"), "sig-figs N" (the figures
 // chosen in the dialog, or "cancel"), "prime-factors [N]" (the dialog's button pressed N times,
-// then the dialog closed; without N to the end), and "engine BUTTON KIND ..."
+// then the dialog closed; without N to the end), the words of the elimination window ("elim",
+// then "ero R2-3R1", "assist", "assist-all", "undo", "ok", "continue"), and
+// "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
 // (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause".
@@ -22,10 +24,12 @@
 #include "core/input_split.h"
 #include "core/node_pool.h"
 #include "core/validate.h"
+#include "linsys/sys_eq_form.h"
 #include "manipulate/expand.h"
 #include "present/work_space.h"
 #include "shell/buttons.h"
 #include "shell/command_frame.h"
+#include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
 #include "shell/status_bar.h"
@@ -153,6 +157,9 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     const ExpressionCommand* command = FindExpressionCommand(button);
     ASSERT_NE(command, nullptr) << button;
     RunExpressionCommand(s, *command, TestEngine(kind, argument));
+  } else if (IsSystemWord(verb)) {
+    std::string refusal;
+    if (!RunSystemWord(s, verb, rest, error, refusal)) FAIL() << refusal << ": " << line;
   } else if (const CommandWord* word = FindCommandWord(verb, s.Form.visible_panel);
              word != nullptr) {
     PressButton(s, word->button, word->right_button, error);
@@ -190,6 +197,10 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   out += "right: " + s.Pool[kRightRoot].Text + "\n";
   out += "help: " + std::to_string(s.HelpNumber) + "\n";
   for (const std::string& panel : s.Form.status_panels) out += "status: " + panel + "\n";
+  if (const SysEqState* form = s.SystemWindow.get(); form != nullptr) {
+    for (const std::string& line : GridTextLines(s, *form)) out += "grid: " + line + "\n";
+    out += std::string("window: ") + (form->closed ? "closed" : "open") + "\n";
+  }
   return out;
 }
 
