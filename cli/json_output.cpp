@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "cli/terminal_frontend.h"
+#include "core/pieces.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 
@@ -59,6 +60,16 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
   out += ", \"messages\": " + JsonList(messages);
   out += ", \"hints\": " + JsonList(hints);
   out += ", \"error\": " + (error ? JsonString(*error) : std::string("null"));
+  // After a solve: the letter solved for, and the values stated for it after the check (or the
+  // one reserved word).
+  if (loaded && !s.SolveAnswers.empty()) {
+    std::vector<std::string> answers;
+    for (int k = 1; k <= CountPieces(s.SolveAnswers, "; "); ++k) {
+      answers.push_back(GetPiece(s.SolveAnswers, k, "; "));
+    }
+    out += ", \"unknown\": " + JsonString(s.Unknown);
+    out += ", \"answers\": " + JsonList(answers);
+  }
   return out + "}";
 }
 

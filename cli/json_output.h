@@ -14,7 +14,8 @@ namespace tavimor {
 // characters escaped.
 std::string JsonString(const std::string& text);
 
-// kind, panel, left, right, transcript, help, status, messages, hints, error. Without
+// kind, panel, left, right, transcript, help, status, messages, hints, error; after a solve also
+// unknown and answers. Without
 // `show_item` (a line that was never loaded) kind and panel are null and the sides empty.
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,

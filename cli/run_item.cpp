@@ -66,6 +66,7 @@ bool RunWord(Session& s, const std::string& word, std::optional<std::string>& er
 int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
             const std::vector<std::string>& words, bool json, std::ostream& out) {
   frontend.Reset();
+  s.SolveAnswers.clear();
   std::optional<std::string> error;
   std::string blank_check = item;
   RemoveSpaces(blank_check);

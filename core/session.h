@@ -73,6 +73,9 @@ struct CommandState {
   std::string AutoSolveTag;
   // The field Q of the do-to-both-sides tool: the last operation applied to both sides.
   std::string DoToBothSidesQ;
+  // The answers the last solve stated for the unknown, after the check, joined by "; " (or one
+  // of the reserved words); empty before a solve.
+  std::string SolveAnswers;
   // The hint text kept for the hint box.
   std::string StoredHint;
 

@@ -4,7 +4,8 @@
 //
 // "do:" lines: a button word (left, right, equation, simplify, factor, brackets, or any word of the
 // terminal tutor, such as expand-denominators for the right button), "click N" on a status
-// panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
+// panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "answer
+// yes|no|cancel" for the next question with Yes, No and Cancel, "evaluate V1; V2"
 // (the values given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
@@ -127,6 +128,9 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     if (rest == "escape") frontend.pause_answers.push_back(PauseInput::Escape);
     if (rest == "help") frontend.pause_answers.push_back(PauseInput::Help);
     if (rest == "continue") frontend.pause_answers.push_back(PauseInput::Continue);
+    if (rest == "yes") frontend.three_way_answers.push_back(YesNoCancel::Yes);
+    if (rest == "no") frontend.three_way_answers.push_back(YesNoCancel::No);
+    if (rest == "cancel") frontend.three_way_answers.push_back(YesNoCancel::Cancel);
     if (rest == "right-yes" || rest == "right-no") {
       frontend.pause_answers.push_back(PauseInput::RightButton);
       frontend.yes = rest == "right-yes";
