@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "core/expr_node.h"
@@ -105,6 +106,10 @@ struct CommandState {
 
   // Diagnostics of the running command: its start in seconds of a steady clock.
   double CommandStartSeconds = 0.0;
+  // Sums factored completely (and negated) by the factor-and-cancel rule, by the text and the
+  // options they were worked out under: the rule asks the same of every fraction at each pass of
+  // the simplify loop.
+  std::unordered_map<std::string, std::string> FactoredSums;
 };
 
 // The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.

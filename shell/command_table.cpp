@@ -8,6 +8,7 @@
 #include "core/scoped_override.h"
 #include "manipulate/expand.h"
 #include "shell/command_frame.h"
+#include "shell/commands/add_fractions_command.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
 #include "shell/evaluate_command.h"
@@ -76,7 +77,7 @@ const std::vector<CommandRow> kRows = {
   {"cmd1Frac", On(kPanelExpression), "Add fractions", "Add fractions in the expression",
    {"add-fractions", "add the fractions"}, kNoWord,
    {"Add fractions", "There are no fractions to combine", "Combining fractions",
-    "Error in Combining Fractions."}, nullptr, nullptr},
+    "Error in Combining Fractions."}, nullptr, cmd1Frac},
   {"cmdCombineLogs", On(kPanelExpression), "Combine logs", "Add logarithms in the expression",
    {"combine-logs", "combine the logarithms"}, kNoWord,
    {"Combine logs", "There are no logarithms that can be combined", "Combining logarithms",

@@ -170,8 +170,16 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, brackets, evaluate, equation" \
+  "[Equation] commands: left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, brackets, evaluate, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
+# Add fractions from the terminal: the steps, and the single fraction in --json.
+out=$("$cli" "1/x+1/(x+1)" add-fractions 2>&1)
+contains "add-fractions tells its steps" "$out" "into one fraction by following these steps:" \
+  "   - Find the lowest common denominator, namely x(x + 1) ."
+out=$("$cli" --json "1/x+1/(x+1)" add-fractions 2>&1)
+contains "add-fractions with json leaves one fraction" "$out" '"left": "(2*x+1)/x/(x+1)"' '"help": 291'
+out=$("$cli" "x^2+1" add-fractions 2>&1)
+contains "add-fractions with no fractions says so" "$out" "There are no fractions to combine."
 out=$(printf 'x+x\ncomplete-square\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"
