@@ -9,6 +9,7 @@
 #include "manipulate/expand.h"
 #include "shell/command_frame.h"
 #include "shell/commands/add_fractions_command.h"
+#include "shell/commands/auto_solve_command.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
 #include "shell/evaluate_command.h"
@@ -115,7 +116,7 @@ const std::vector<CommandRow> kRows = {
   // The Equation panel.
   {"cmdAutoSolve", On(kPanelEquation), "Auto solve",
    "Automatically solve the equation step-by-step",
-   {"solve", "solve step by step"}, kNoWord, kNoFrame, nullptr, nullptr},
+   {"solve", "solve step by step"}, kNoWord, kNoFrame, nullptr, &AutoSolveCommand},
   {"cmdDoToEqn", On(kPanelEquation), "Do to both sides",
    "Perform an (identical) operation on both sides of the equation",
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},

@@ -135,8 +135,8 @@ LikeTermMove MoveLikeTerm(Session& s, const std::string& left, const std::string
       if (r1 < 0 && r0 > r1) move = {true, false, r.text};
       if (r0 > 0 && r0 < r1) move = {true, true, l.text};
       if (r0 < 0 && r0 < r1) move = {true, false, l.text};
-      // Two equal coefficients: the pair is like, but no term is the smaller one.
-      if (!move.found) move = {true, true, l.text};
+      // Two equal coefficients: the term itself leaves both sides.
+      if (!move.found) move = {true, r0 > 0, l.text};
       return move;
     }
   }

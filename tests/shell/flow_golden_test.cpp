@@ -9,7 +9,8 @@
 // (the values given to the letters asked for, or "evaluate cancel"), and "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
-// (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause".
+// (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause";
+// "solver-hint" runs the solver on the equation for its first step as a hint.
 // TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
 #include <gtest/gtest.h>
 
@@ -20,6 +21,7 @@
 
 #include "core/input_split.h"
 #include "core/node_pool.h"
+#include "core/scoped_override.h"
 #include "core/validate.h"
 #include "manipulate/expand.h"
 #include "present/work_space.h"
@@ -28,6 +30,7 @@
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
 #include "shell/status_bar.h"
+#include "solve/auto_solve.h"
 #include "support/recording_frontend.h"
 
 namespace tavimor {
@@ -122,6 +125,12 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
       frontend.values_answer = values;
     }
     PressButton(s, "cmdEvaluate", false, error);
+  } else if (verb == "solver-hint") {
+    // The solver run for its first step as a hint, as the hint button will run it.
+    ScopedOverride detail(s.SolveDetail, std::int16_t{0});
+    ScopedOverride hint(s.HintState, std::int16_t{1});
+    std::string answers;
+    AutoSolve(s, s.Pool[kLeftRoot].Text + "=" + s.Pool[kRightRoot].Text, s.Unknown, answers);
   } else if (verb == "click") {
     ClickStatusPanel(s, std::stoi(rest));
   } else if (verb == "answer") {

@@ -107,6 +107,13 @@ TEST_F(EquationMoves, NegativeLikeTermIsAdded) {
   EXPECT_EQ(move.term, "3*x");
 }
 
+TEST_F(EquationMoves, EqualLikeTermsLeaveBothSides) {
+  const LikeTermMove move = MoveLikeTerm(s, "-x-1", "-x+2");
+  ASSERT_TRUE(move.found);
+  EXPECT_FALSE(move.subtract);
+  EXPECT_EQ(move.term, "x");
+}
+
 TEST_F(EquationMoves, NoLikeTerms) { EXPECT_FALSE(MoveLikeTerm(s, "x^2", "x").found); }
 
 }  // namespace
