@@ -45,8 +45,9 @@ Options:
                     a letter without one is asked for in the interactive tutor, and
                     elsewhere ends evaluate with a note on standard error (status 64).
   --answers LIST    The answers to the questions with Yes, No and Cancel (such as
-                    solve's choice of the unknown), in turn, as "no, yes"; each is
-                    yes, no or cancel, and a question beyond the list takes yes. The
+                    solve's choice of the unknown), in turn, as "no, yes", from the
+                    first for each item of a batch; each is yes, no or cancel, and
+                    a question beyond the list takes yes. The
                     question and the answer taken are written in the work space. The
                     interactive tutor asks at the prompt once the list is used up.
   --file PATH       Opens an algebra file before the item is loaded, as Open does, so

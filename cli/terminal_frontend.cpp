@@ -164,6 +164,7 @@ void TerminalFrontend::Reset() {
   missing_values_.clear();
   refused_values_.clear();
   ask_again_.clear();
+  answers_taken_ = 0;  // each item of a batch takes the given answers from the first
 }
 
 PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {

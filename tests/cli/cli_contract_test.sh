@@ -177,6 +177,12 @@ json=$("$cli" --json --answers cancel "a*y=b" solve 2>/dev/null)
 contains "solve cancelled at the question" "$json" '"left": "a*y"' '"right": "b"'
 check "a wrong answer word is a usage mistake" 64 "" "tavimor-cli: --answers needs a LIST of yes, no and cancel such as \"no, yes\".
 Try 'tavimor-cli --help'." --answers "maybe" "a*y=b" solve
+printf 'a*y=b\tsolve\nc*z=d\tsolve\n' > "$work/answers.txt"
+out=$("$cli" --answers no --batch "$work/answers.txt" 2>/dev/null)
+contains "each line of a batch takes the answers from the first" "$out" \
+  "== a*y=b" "Do you want the unknown to be a? [no]" "Do you want the unknown to be y? [yes]"
+[ "$(printf '%s\n' "$out" | grep -c '? \[no\]')" = 2 ] && echo "ok: both lines answered no first" ||
+  { echo "FAIL: the answers were not taken anew"; failures=$((failures + 1)); }
 out=$(printf 'a*y=b\nsolve\nn\ny\nquit\n' | "$cli" 2>/dev/null)
 contains "the tutor asks which letter at the prompt" "$out" \
   "Do you want the unknown to be a? (y/n/c)" "Do you want the unknown to be y? (y/n/c)" \
