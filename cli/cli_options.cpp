@@ -54,6 +54,12 @@ Options:
   --values LIST     The values evaluate puts in for the letters, as "x=2; y=-1/2";
                     a letter without one is asked for in the interactive tutor, and
                     elsewhere ends evaluate with a note on standard error (status 64).
+  --answers LIST    The answers to the questions with Yes, No and Cancel (such as
+                    solve's choice of the unknown), in turn, as "no, yes", from the
+                    first for each item of a batch; each is yes, no or cancel, and
+                    a question beyond the list takes yes. The
+                    question and the answer taken are written in the work space. The
+                    interactive tutor asks at the prompt once the list is used up.
   --file PATH       Opens an algebra file before the item is loaded, as Open does, so
                     that a new item is remembered in it (a known one shows its comment).
                     In the interactive tutor, 'list', 'next' and 'open N' walk its
@@ -104,6 +110,22 @@ bool ParseValues(const std::string& list, std::vector<std::pair<std::string, std
   return true;
 }
 
+bool ParseAnswers(const std::string& list, std::vector<std::string>& out) {
+  std::size_t start = 0;
+  while (start <= list.size()) {
+    const std::size_t end = std::min(list.find_first_of(",;", start), list.size());
+    std::string part = list.substr(start, end - start);
+    RemoveSpaces(part);
+    std::transform(part.begin(), part.end(), part.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    start = end + 1;
+    if (part.empty()) continue;
+    if (part != "yes" && part != "no" && part != "cancel") return false;
+    out.push_back(part);
+  }
+  return true;
+}
+
 int Usage(const std::string& problem) {
   std::cerr << "tavimor-cli: " << PrintableText(problem) << "\nTry 'tavimor-cli --help'.\n";
   return kExitUsage;
@@ -143,6 +165,12 @@ int ParseArguments(const std::vector<std::string>& all, CliOptions& options,
     if (arg == "--values") {
       if (++i >= all.size() || !ParseValues(all[i], options.values)) {
         return Usage("--values needs a LIST such as \"x=2; y=3\".");
+      }
+      continue;
+    }
+    if (arg == "--answers") {
+      if (++i >= all.size() || !ParseAnswers(all[i], options.answers)) {
+        return Usage("--answers needs a LIST of yes, no and cancel such as \"no, yes\".");
       }
       continue;
     }

@@ -22,10 +22,13 @@ struct CliOptions {
   bool save_as_given = false;
   bool list = false;                                        // print the list instead
   std::vector<std::pair<std::string, std::string>> values;  // letter and value, for evaluate
+  std::vector<std::string> answers;  // "yes", "no" or "cancel", for the questions in turn
 };
 
 // "x=2; y=-3" as pairs of a letter and its value; false for a part that is no "letter=value".
 bool ParseValues(const std::string& list, std::vector<std::pair<std::string, std::string>>& out);
+// "no, yes" as the list of answers; false for a word other than yes, no and cancel.
+bool ParseAnswers(const std::string& list, std::vector<std::string>& out);
 // Tells a mistake on the command line and where help is; returns the status of such a mistake.
 int Usage(const std::string& problem);
 // Reads the arguments: the options into `options`, the rest (the item, the command words) into

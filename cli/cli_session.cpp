@@ -42,6 +42,7 @@ std::unique_ptr<TutorRun> MakeTutorRun(const CliOptions& options, bool interacti
                                        std::string& error) {
   auto run = std::make_unique<TutorRun>(interactive);
   run->frontend.SetGivenValues(options.values);
+  run->frontend.SetGivenAnswers(options.answers);
   if (!StartSession(run->s, options, error)) return nullptr;
   return run;
 }

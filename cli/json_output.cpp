@@ -5,6 +5,7 @@
 
 #include "cli/system_view.h"
 #include "cli/terminal_frontend.h"
+#include "core/pieces.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 
@@ -64,6 +65,16 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
   out += ", \"dialog\": " + JsonList(dialog);
   // A line that was never loaded has no system of its own either.
   out += loaded ? SystemJsonFields(s) : ", \"grid\": null, \"system\": null, \"solution\": null";
+  // After a solve: the letter solved for, and the values stated for it after the check (or the
+  // one reserved word).
+  if (loaded && !s.SolveAnswers.empty()) {
+    std::vector<std::string> answers;
+    for (int k = 1; k <= CountPieces(s.SolveAnswers, "; "); ++k) {
+      answers.push_back(GetPiece(s.SolveAnswers, k, "; "));
+    }
+    out += ", \"unknown\": " + JsonString(s.Unknown);
+    out += ", \"answers\": " + JsonList(answers);
+  }
   return out + "}";
 }
 

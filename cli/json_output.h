@@ -15,9 +15,9 @@ namespace tavimor {
 std::string JsonString(const std::string& text);
 
 // kind, panel, left, right, transcript, help, status, messages, hints, error, dialog (the lines
-// the last tool dialog showed), and the system window's grid, system and solution
-// (cli/system_view.h). Without `show_item` (a line that was never loaded) kind and panel are null
-// and the sides empty.
+// the last tool dialog showed), the system window's grid, system and solution
+// (cli/system_view.h); after a solve also unknown and answers. Without `show_item` (a line that
+// was never loaded) kind and panel are null and the sides empty.
 std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,
                          const std::vector<std::string>& hints,

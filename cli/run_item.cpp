@@ -89,6 +89,7 @@ bool ReadFiguresArgument(const std::string& text, int& figures, std::string& ref
 int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
             const std::vector<std::string>& words, bool json, std::ostream& out) {
   frontend.Reset();
+  s.SolveAnswers.clear();
   std::optional<std::string> error;
   std::string blank_check = item;
   RemoveSpaces(blank_check);

@@ -3,6 +3,7 @@
 #include "cli/terminal_frontend.h"
 
 #include <algorithm>
+#include <cctype>
 #include <iostream>
 
 #include "present/text_picture.h"
@@ -166,6 +167,7 @@ void TerminalFrontend::Reset() {
   figures_answer_.reset();
   dialog_lines_.clear();
   dialog_lines_printed_ = 0;
+  answers_taken_ = 0;  // each item of a batch takes the given answers from the first
 }
 
 PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {
@@ -205,6 +207,38 @@ bool TerminalFrontend::AskYesNo(const std::string& question) {
   std::string answer;
   return ReadAnswer(PrintableText(question) + " (y/n) ", answer) && !answer.empty() &&
          (answer[0] == 'y' || answer[0] == 'Y');
+}
+
+YesNoCancel TerminalFrontend::AskYesNoCancel(const std::string& question) {
+  std::string answer;
+  if (answers_taken_ < given_answers_.size()) {
+    answer = given_answers_[answers_taken_++];
+  } else if (live_) {
+    Flush();
+    for (;;) {
+      if (!ReadAnswer(PrintableText(question) + " (y/n/c) ", answer)) return YesNoCancel::Cancel;
+      if (!answer.empty()) answer[0] = static_cast<char>(std::tolower(answer[0]));
+      if (answer == "y" || answer == "yes") return YesNoCancel::Yes;
+      if (answer == "n" || answer == "no") return YesNoCancel::No;
+      if (answer == "c" || answer == "cancel") return YesNoCancel::Cancel;
+    }
+  } else {
+    answer = "yes";
+  }
+  // The question and the answer taken, as the transcript shows them.
+  std::string shown = question;
+  for (char& c : shown) {
+    if (c == '\n') c = ' ';
+  }
+  RichRun line;
+  line.text = shown + " [" + answer + "]";
+  AppendToWorkSpace(line);
+  RichRun end;
+  end.kind = RunKind::LineEnd;
+  AppendToWorkSpace(end);
+  if (answer == "no") return YesNoCancel::No;
+  if (answer == "cancel") return YesNoCancel::Cancel;
+  return YesNoCancel::Yes;
 }
 
 std::optional<std::string> TerminalFrontend::AskText(const std::string& question,

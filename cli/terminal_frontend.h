@@ -54,6 +54,9 @@ class TerminalFrontend : public Frontend {
   void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) override;
   void ShowHintBox(const RichText& body, int help_number) override;
   bool AskYesNo(const std::string& question) override;
+  // Takes the next given answer, written with the question in the work space; beyond them, asks
+  // at the prompt when live, else takes Yes.
+  YesNoCancel AskYesNoCancel(const std::string& question) override;
   std::optional<std::string> AskText(const std::string& question,
                                      const std::string& suggestion) override;
   std::optional<std::vector<std::string>> AskValues(
@@ -75,6 +78,8 @@ class TerminalFrontend : public Frontend {
   void SetGivenValues(std::vector<std::pair<std::string, std::string>> values) {
     given_values_ = std::move(values);
   }
+  // Answers given beforehand to the questions with Yes, No and Cancel, in turn.
+  void SetGivenAnswers(std::vector<std::string> answers) { given_answers_ = std::move(answers); }
   // Letters whose value was asked for and neither given nor typed, since the last Reset.
   const std::vector<std::string>& MissingValues() const { return missing_values_; }
   // Letters whose given value was refused where nothing can be asked, since the last Reset.
@@ -106,6 +111,8 @@ class TerminalFrontend : public Frontend {
   std::vector<std::string> hints_;
   std::vector<RichText> hint_bodies_;
   std::vector<std::pair<std::string, std::string>> given_values_;
+  std::vector<std::string> given_answers_;
+  std::size_t answers_taken_ = 0;
   std::vector<std::string> missing_values_;
   LineSource line_source_;
   std::vector<std::string> refused_values_;

@@ -15,6 +15,9 @@ using RichText = std::vector<RichRun>;
 
 enum class MessageIcon { Information, Critical, Exclamation };
 
+// The answer to a question with Yes, No and Cancel.
+enum class YesNoCancel { Yes, No, Cancel };
+
 // What the student did at the pacing button.
 enum class PauseInput {
   Continue,     // left button or Enter
@@ -47,6 +50,8 @@ class Frontend {
   virtual void ShowHintBox(const RichText& body, int help_number) = 0;
   // A question with Yes and No.
   virtual bool AskYesNo(const std::string& question) = 0;
+  // A question with Yes, No and Cancel.
+  virtual YesNoCancel AskYesNoCancel(const std::string& question) = 0;
   // A question answered with a short text; nothing when the student cancels.
   virtual std::optional<std::string> AskText(const std::string& question,
                                              const std::string& suggestion) = 0;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "core/expr_node.h"
@@ -76,6 +77,9 @@ struct CommandState {
   std::string AutoSolveTag;
   // The field Q of the do-to-both-sides tool: the last operation applied to both sides.
   std::string DoToBothSidesQ;
+  // The answers the last solve stated for the unknown, after the check, joined by "; " (or one
+  // of the reserved words); empty before a solve.
+  std::string SolveAnswers;
   // The hint text kept for the hint box.
   std::string StoredHint;
 
@@ -111,6 +115,10 @@ struct CommandState {
   // The system window and its grid (linsys/sys_eq_form.h): lives until the next one starts or
   // the next item is loaded.
   std::shared_ptr<SysEqState> SystemWindow;
+  // Sums factored completely (and negated) by the factor-and-cancel rule, by the text and the
+  // options they were worked out under: the rule asks the same of every fraction at each pass of
+  // the simplify loop.
+  std::unordered_map<std::string, std::string> FactoredSums;
 };
 
 // The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.

@@ -139,6 +139,19 @@ bool QtFrontend::AskYesNo(const std::string& question) {
                                QString::fromStdString(question)) == QMessageBox::Yes;
 }
 
+YesNoCancel QtFrontend::AskYesNoCancel(const std::string& question) {
+  if (unattended_) {
+    Tell(question, "Yes");
+    return YesNoCancel::Yes;
+  }
+  const QMessageBox::StandardButton answer = QMessageBox::question(
+      window_, QStringLiteral("The Tavimor"), QString::fromStdString(question),
+      QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  if (answer == QMessageBox::Yes) return YesNoCancel::Yes;
+  if (answer == QMessageBox::No) return YesNoCancel::No;
+  return YesNoCancel::Cancel;
+}
+
 std::optional<std::string> QtFrontend::AskText(const std::string& question,
                                                const std::string& suggestion) {
   if (unattended_) {

@@ -49,6 +49,7 @@ class QtFrontend : public Frontend {
   void ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) override;
   void ShowHintBox(const RichText& body, int help_number) override;
   bool AskYesNo(const std::string& question) override;
+  YesNoCancel AskYesNoCancel(const std::string& question) override;
   std::optional<std::string> AskText(const std::string& question,
                                      const std::string& suggestion) override;
   std::optional<std::vector<std::string>> AskValues(

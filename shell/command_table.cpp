@@ -10,6 +10,8 @@
 #include "manipulate/expand.h"
 #include "present/step_markup.h"
 #include "shell/command_frame.h"
+#include "shell/commands/add_fractions_command.h"
+#include "shell/commands/auto_solve_command.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
 #include "shell/commands/fraction_panel_command.h"
@@ -92,7 +94,7 @@ const std::vector<CommandRow> kRows = {
   {"cmd1Frac", On(kPanelExpression), "Add fractions", "Add fractions in the expression",
    {"add-fractions", "add the fractions"}, kNoWord,
    {"Add fractions", "There are no fractions to combine", "Combining fractions",
-    "Error in Combining Fractions."}, nullptr, nullptr},
+    "Error in Combining Fractions."}, nullptr, cmd1Frac},
   {"cmdCombineLogs", On(kPanelExpression), "Combine logs", "Add logarithms in the expression",
    {"combine-logs", "combine the logarithms"}, kNoWord,
    {"Combine logs", "There are no logarithms that can be combined", "Combining logarithms",
@@ -130,7 +132,7 @@ const std::vector<CommandRow> kRows = {
   // The Equation panel.
   {"cmdAutoSolve", On(kPanelEquation), "Auto solve",
    "Automatically solve the equation step-by-step",
-   {"solve", "solve step by step"}, kNoWord, kNoFrame, nullptr, nullptr},
+   {"solve", "solve step by step"}, kNoWord, kNoFrame, nullptr, &AutoSolveCommand},
   {"cmdDoToEqn", On(kPanelEquation), "Do to both sides",
    "Perform an (identical) operation on both sides of the equation",
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},

@@ -13,6 +13,7 @@
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "core/tree_walk.h"
+#include "manipulate/factor_fraction.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/collect_product.h"
@@ -50,8 +51,8 @@ const std::vector<PassRow> kPasses = {
      {&CollapseProductSigns, &DropProductBrackets, &DivideByFraction, &MultiplyFractions}},
     {4, Where::Sum, {&CollectSum}},  // collect and sort a sum
     {4,
-     Where::Product,  // collect and sort a product; -(a+b) -> -a-b last
-     {&CollectProductRule, &DistributeMinusOverBracket}},
+     Where::Product,  // collect and sort a product; factor-and-cancel; -(a+b) -> -a-b last
+     {&CollectProductRule, &FactorFractionRule, &DistributeMinusOverBracket}},
     {5,
      Where::Any,  // the written form of powers; ln(1/x) = -ln(x)
      {&ExponentialForm, &RadicalForm, &LogOfReciprocal}},

@@ -206,6 +206,44 @@ contains "the interactive tutor drives the window" "$out" "     [1] x + 1 y =  3
   "R2 - 1 * R1" "[Multi Eqns] commands: elim   (system window: ero TEXT, undo, assist" \
   "This form shows that the system of equations has a unique solution, namely:"
 
+# Solve.
+json=$("$cli" --json "x^2=x" solve 2>/dev/null)
+contains "json of solve gives the unknown and the answers" "$json" '"unknown": "x"' \
+  '"answers": ["0", "1"]' '"left": "x"' '"right": "0"' \
+  'Solve this equation for x by following these steps:' '"error": null'
+json=$("$cli" --json "x+1=x+2" solve 2>/dev/null)
+contains "json of solve with no solution" "$json" '"answers": ["no-solution"]'
+json=$("$cli" --json "x=x" solve 2>/dev/null)
+contains "json of solve of an identity" "$json" '"answers": ["any-value"]'
+json=$("$cli" --json "2x+3=7" left 2>/dev/null)
+case "$json" in
+  *'"answers"'*) echo "FAIL: json without a solve has answers"; failures=$((failures + 1)) ;;
+  *) echo "ok: json without a solve has no answers" ;;
+esac
+json=$("$cli" --json --answers "no, yes" "a*y=b" solve 2>/dev/null)
+contains "json of solve after the answers no, yes" "$json" '"unknown": "y"' \
+  'x does not appear in this equation. Do you want the unknown to be a? [no]' \
+  'x does not appear in this equation. Do you want the unknown to be y? [yes]'
+json=$("$cli" --json "a*y=b" solve 2>/dev/null)
+contains "solve's question takes yes by default" "$json" '"unknown": "a"' \
+  'Do you want the unknown to be a? [yes]'
+json=$("$cli" --json --answers cancel "a*y=b" solve 2>/dev/null)
+contains "solve cancelled at the question" "$json" '"left": "a*y"' '"right": "b"'
+check "a wrong answer word is a usage mistake" 64 "" "tavimor-cli: --answers needs a LIST of yes, no and cancel such as \"no, yes\".
+Try 'tavimor-cli --help'." --answers "maybe" "a*y=b" solve
+printf 'a*y=b\tsolve\nc*z=d\tsolve\n' > "$work/answers.txt"
+out=$("$cli" --answers no --batch "$work/answers.txt" 2>/dev/null)
+contains "each line of a batch takes the answers from the first" "$out" \
+  "== a*y=b" "Do you want the unknown to be a? [no]" "Do you want the unknown to be y? [yes]"
+[ "$(printf '%s\n' "$out" | grep -c '? \[no\]')" = 2 ] && echo "ok: both lines answered no first" ||
+  { echo "FAIL: the answers were not taken anew"; failures=$((failures + 1)); }
+out=$(printf 'a*y=b\nsolve\nn\ny\nquit\n' | "$cli" 2>/dev/null)
+contains "the tutor asks which letter at the prompt" "$out" \
+  "Do you want the unknown to be a? (y/n/c)" "Do you want the unknown to be y? (y/n/c)" \
+  "Solve this equation for y by following these steps:"
+out=$("$cli" --set "Solve detail=0" "2x=6" solve 2>/dev/null)
+contains "solve with the result only" "$out" "Solving this equation yields the solution:" "x = 3"
+
 # Batch.
 printf '2x+3=7\tleft equation\n\n1/2+1/3\n(x]\n' > "$work/batch.txt"
 out=$("$cli" --batch "$work/batch.txt" 2>"$work/err")
@@ -224,8 +262,16 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, brackets, evaluate, equation" \
+  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, brackets, evaluate, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
+# Add fractions from the terminal: the steps, and the single fraction in --json.
+out=$("$cli" "1/x+1/(x+1)" add-fractions 2>&1)
+contains "add-fractions tells its steps" "$out" "into one fraction by following these steps:" \
+  "   - Find the lowest common denominator, namely x(x + 1) ."
+out=$("$cli" --json "1/x+1/(x+1)" add-fractions 2>&1)
+contains "add-fractions with json leaves one fraction" "$out" '"left": "(2*x+1)/x/(x+1)"' '"help": 291'
+out=$("$cli" "x^2+1" add-fractions 2>&1)
+contains "add-fractions with no fractions says so" "$out" "There are no fractions to combine."
 out=$(printf 'x+x\ncomplete-square\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"

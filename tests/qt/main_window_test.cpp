@@ -336,6 +336,41 @@ class MainWindowTest : public QObject {
     QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text), QStringLiteral("x^2+2*x+1"));
   }
 
+  void AutoSolveWritesTheStepsAndStatesTheAnswers() {
+    w_.session->StreamingOutput = true;
+    w_.window->EquationBox()->setEditText(QStringLiteral("x^2=x"));
+    w_.window->LoadTyped(false);
+    QVERIFY(w_.window->Button("cmdAutoSolve")->isEnabled());
+    QTest::mousePress(w_.window->Button("cmdAutoSolve"), Qt::LeftButton);
+    const QString text = w_.window->WorkSpace()->HiddenText();
+    QVERIFY(text.contains(QStringLiteral("Solve this equation for x by following these steps:")));
+    QVERIFY(text.contains(QStringLiteral("The solution set consists of 2 solutions:")));
+    QCOMPARE(QString::fromStdString(w_.session->SolveAnswers), QStringLiteral("0; 1"));
+  }
+
+  void AutoSolveAsksForALetterWithYesNoAndCancel() {
+    w_.window->EquationBox()->setEditText(QStringLiteral("a*y=b"));
+    w_.window->LoadTyped(false);
+    QStringList asked;
+    WhenModal([&asked](QWidget* modal) {
+      auto* box = qobject_cast<QMessageBox*>(modal);
+      asked << box->text();
+      box->button(QMessageBox::No)->click();
+      WhenModal([&asked](QWidget* next) {
+        auto* second = qobject_cast<QMessageBox*>(next);
+        asked << second->text();
+        second->button(QMessageBox::Cancel)->click();
+      });
+    });
+    QTest::mousePress(w_.window->Button("cmdAutoSolve"), Qt::LeftButton);
+    QCOMPARE(asked.size(), 2);
+    QCOMPARE(
+        asked[0],
+        QStringLiteral("x does not appear in this equation.\nDo you want the unknown to be a?"));
+    QVERIFY(asked[1].endsWith(QStringLiteral("Do you want the unknown to be y?")));
+    QCOMPARE(QString::fromStdString(w_.session->Unknown), QStringLiteral("x"));
+  }
+
   void RightClickOnExpandExpandsADenominatorToo() {
     w_.window->EquationBox()->setEditText(QStringLiteral("1/x/(x+1)"));
     w_.window->LoadTyped(false);

@@ -4,7 +4,8 @@
 //
 // "do:" lines: a button word (left, right, equation, simplify, factor, brackets, or any word of the
 // terminal tutor, such as expand-denominators for the right button), "click N" on a status
-// panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "evaluate V1; V2"
+// panel, "answer continue|escape|help|right-yes|right-no" for the next pause, "answer
+// yes|no|cancel" for the next question with Yes, No and Cancel, "evaluate V1; V2"
 // (the values given to the letters asked for, or "evaluate cancel"), "sig-figs N" (the figures
 // chosen in the dialog, or "cancel"), "prime-factors [N]" (the dialog's button pressed N times,
 // then the dialog closed; without N to the end), the words of the elimination window ("elim",
@@ -12,7 +13,8 @@
 // "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
-// (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause".
+// (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause";
+// "solver-hint" runs the solver on the equation for its first step as a hint.
 // TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
 #include <gtest/gtest.h>
 
@@ -23,6 +25,7 @@
 
 #include "core/input_split.h"
 #include "core/node_pool.h"
+#include "core/scoped_override.h"
 #include "core/validate.h"
 #include "linsys/sys_eq_form.h"
 #include "manipulate/expand.h"
@@ -33,6 +36,7 @@
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
 #include "shell/status_bar.h"
+#include "solve/auto_solve.h"
 #include "support/recording_frontend.h"
 
 namespace tavimor {
@@ -136,12 +140,21 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     // "prime-factors N": the button is pressed N times, then the dialog is closed.
     frontend.factor_presses = rest.empty() ? -1 : std::stoi(rest);
     PressButton(s, "cmdFactor", false, error);
+  } else if (verb == "solver-hint") {
+    // The solver run for its first step as a hint, as the hint button will run it.
+    ScopedOverride detail(s.SolveDetail, std::int16_t{0});
+    ScopedOverride hint(s.HintState, std::int16_t{1});
+    std::string answers;
+    AutoSolve(s, s.Pool[kLeftRoot].Text + "=" + s.Pool[kRightRoot].Text, s.Unknown, answers);
   } else if (verb == "click") {
     ClickStatusPanel(s, std::stoi(rest));
   } else if (verb == "answer") {
     if (rest == "escape") frontend.pause_answers.push_back(PauseInput::Escape);
     if (rest == "help") frontend.pause_answers.push_back(PauseInput::Help);
     if (rest == "continue") frontend.pause_answers.push_back(PauseInput::Continue);
+    if (rest == "yes") frontend.three_way_answers.push_back(YesNoCancel::Yes);
+    if (rest == "no") frontend.three_way_answers.push_back(YesNoCancel::No);
+    if (rest == "cancel") frontend.three_way_answers.push_back(YesNoCancel::Cancel);
     if (rest == "right-yes" || rest == "right-no") {
       frontend.pause_answers.push_back(PauseInput::RightButton);
       frontend.yes = rest == "right-yes";

@@ -44,6 +44,14 @@ class RecordingFrontend : public Frontend {
     questions.push_back(question);
     return yes;
   }
+  // Answers from the queue in turn, then Yes.
+  YesNoCancel AskYesNoCancel(const std::string& question) override {
+    questions.push_back(question);
+    if (three_way_answers.empty()) return YesNoCancel::Yes;
+    const YesNoCancel answer = three_way_answers.front();
+    three_way_answers.pop_front();
+    return answer;
+  }
   std::optional<std::string> AskText(const std::string& question, const std::string&) override {
     questions.push_back(question);
     return text_answer;
@@ -94,6 +102,7 @@ class RecordingFrontend : public Frontend {
   std::vector<int> hint_help;
   std::vector<std::string> questions;
   bool yes = true;
+  std::deque<YesNoCancel> three_way_answers;
   std::optional<std::string> text_answer;
   std::vector<std::vector<std::string>> asked_letters;
   std::optional<std::vector<std::string>> values_answer;

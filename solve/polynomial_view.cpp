@@ -1,0 +1,123 @@
+// The polynomial view of an expression in the unknown: each term sorted by how the unknown
+// stands in it.
+#include "solve/polynomial_view.h"
+
+#include "core/brackets.h"
+#include "core/node_pool.h"
+#include "core/node_queries.h"
+#include "core/temp_tree.h"
+#include "manipulate/factor.h"
+
+namespace tavimor {
+
+namespace {
+
+// The sums as they are built: each starts as "0", and each term is appended with its sign.
+struct TermSums {
+  std::string quad = "0";
+  std::string lin = "0";
+  std::string constant = "0";
+  std::string negated = "0";
+  std::string other = "0";
+};
+
+// "0+x-2" -> "x-2": the leading "0", then a leading "+", cut from a sum that got terms.
+std::string Tidy(const std::string& sum) {
+  if (sum == "0") return sum;
+  std::string text = sum.substr(1);
+  if (!text.empty() && text[0] == '+') text.erase(0, 1);
+  return text;
+}
+
+bool IsDirectNumerator(const Session& s, NodeIdx n, NodeIdx term) {
+  return ParentOf(s, n) == term && s.Pool[n].Role == kRoleNumerator;
+}
+
+// One term, with its sign, sorted into the sums.
+void ClassifyTerm(Session& s, NodeIdx term, const std::string& unknown, TermSums& sums) {
+  const ExprNode& node = s.Pool[term];
+  const char sign = node.Role == kRoleMinus ? '-' : '+';
+  const char reversed = sign == '-' ? '+' : '-';
+  const std::string text = node.Text;
+  auto constant = [&] {
+    sums.constant += sign + text;
+    sums.negated += reversed + text;
+  };
+  if (node.Kind == kKindNumber) return constant();
+  if (node.Kind == kKindVariable) {
+    if (text == unknown) {
+      sums.lin += sign + text;
+    } else {
+      constant();
+    }
+    return;
+  }
+  if (text == unknown + "^2") {
+    sums.quad += sign + text;
+    return;
+  }
+  const std::vector<NodeIdx> occurrences = FindOccurrences(s, unknown, term);
+  if (occurrences.empty()) return constant();
+  if (node.Kind != kKindSumOrProduct || occurrences.size() >= 2) {
+    sums.other += sign + text;
+    return;
+  }
+  // A product with the unknown once: x as a factor, or x^2 as a factor.
+  const NodeIdx x = occurrences.front();
+  if (IsDirectNumerator(s, x, term)) {
+    sums.lin += sign + text;
+    return;
+  }
+  if (s.Pool[x].Role == kRoleBase) {
+    const NodeIdx power = ParentOf(s, x);
+    const NodeIdx exponent = s.Pool[power].FirstChild;
+    if (s.Pool[exponent].Text == "2" && IsDirectNumerator(s, power, term)) {
+      sums.quad += sign + text;
+      return;
+    }
+  }
+  sums.other += sign + text;
+}
+
+// "(terms)/x^n" expanded and simplified; "0" stays "0".
+std::string Coefficient(Session& s, const std::string& terms, const std::string& divisor) {
+  if (terms == "0") return "0";
+  return ExpandedText(s, "(" + terms + ")/" + divisor);
+}
+
+}  // namespace
+
+PolynomialView ClassifyPolynomial(Session& s, const std::string& expression,
+                                  const std::string& unknown) {
+  TermSums sums;
+  {
+    TempTree tree(s, StripBrackets(expression), TempTree::Depth::Whole);
+    const NodeIdx root = tree.Root();
+    const ExprNode& node = tree[root];
+    const bool single = node.Kind == kKindNumber || node.Kind == kKindVariable ||
+                        node.Kind == kKindPower || node.Kind == kKindFunction ||
+                        node.FirstChild == kNoNode || IsProductRole(tree[node.FirstChild].Role);
+    if (single) {
+      ClassifyTerm(s, root, unknown, sums);
+    } else {
+      for (NodeIdx c = node.FirstChild; c != kNoNode; c = tree[c].Next) {
+        ClassifyTerm(s, c, unknown, sums);
+      }
+    }
+  }
+  PolynomialView view;
+  view.QuadTerms = Tidy(sums.quad);
+  view.LinTerms = Tidy(sums.lin);
+  view.ConstTerm = Tidy(sums.constant);
+  view.NegConst = Tidy(sums.negated);
+  view.OtherTerms = Tidy(sums.other);
+  view.QuadCoef = Coefficient(s, view.QuadTerms, unknown + "^2");
+  view.LinCoef = Coefficient(s, view.LinTerms, unknown);
+  return view;
+}
+
+std::string ConstantPart(Session& s, const std::string& expression, const std::string& unknown) {
+  return ClassifyPolynomial(s, expression, unknown).ConstTerm;
+}
+
+}  // namespace tavimor

@@ -1,0 +1,75 @@
+// Factor-and-cancel in the simplify loop: a fraction whose factored sums share a factor, the
+// negative of a factor matched, and the fractions it leaves alone.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "manipulate/factor_fraction.h"
+#include "support/simplify_fixture.h"
+
+namespace tavimor {
+namespace {
+
+class FactorFraction : public SimplifyTest {};
+
+TEST_F(FactorFraction, DifferenceOfSquaresBelowCancelsWithTheNumerator) {
+  EXPECT_EQ(OnePass("(x+1)/(x^2-1)", 4), "(x+1)/(x+1)/(x-1)");
+  EXPECT_TRUE(fired);
+  EXPECT_EQ(s.Message,
+            "23#The fraction @(x+1)/(x^2-1)@ can be simplified by first factoring it like this:");
+}
+
+TEST_F(FactorFraction, FactoredFormCancelsToTheEnd) {
+  EXPECT_EQ(Run("(x+1)/(x^2-1)"), "1/(x-1)");
+  EXPECT_EQ(Run("(x^2-4)/(x^2+4*x+4)"), "(x-2)/(x+2)");
+  EXPECT_EQ(Run("(x^2+5*x+6)/(x^2-9)"), "(x+2)/(x-3)");
+}
+
+TEST_F(FactorFraction, NegativeOfAFactorCancelsToMinusOne) { EXPECT_EQ(Run("(x-1)/(1-x)"), "-1"); }
+
+TEST_F(FactorFraction, CommonNumberOfASumCancelsWithTheDenominator) {
+  EXPECT_EQ(Run("(2*x+2)/4"), "1/2*(x+1)");
+}
+
+TEST_F(FactorFraction, NothingSharedLeavesTheFractionAlone) {
+  EXPECT_EQ(OnePass("(x+1)/(x^2+1)", 4), "(x+1)/(x^2+1)");
+  EXPECT_FALSE(fired);
+  EXPECT_EQ(OnePass("(x^2-1)/(x+2)", 4), "(x^2-1)/(x+2)");
+  EXPECT_FALSE(fired);
+}
+
+TEST_F(FactorFraction, AProductWithoutADenominatorIsNoFraction) {
+  EXPECT_EQ(OnePass("(x+1)*(x^2-1)", 4), "(x+1)*(x^2-1)");
+  EXPECT_FALSE(fired);
+}
+
+TEST_F(FactorFraction, ASecondRunFindsNothing) {
+  const std::string once = Run("(x^3-x)/(x^2+x)");
+  EXPECT_EQ(once, "x-1");
+  EXPECT_EQ(Run(once), once);
+  EXPECT_FALSE(result);
+}
+
+TEST_F(FactorFraction, ANegativeNumberBelowGivesItsSignToTheFraction) {
+  FractionFactors fraction;
+  AddFactorsOf(s, "-2*(z-2)", true, fraction);
+  EXPECT_TRUE(fraction.minus);
+  ASSERT_EQ(fraction.down.size(), 2U);
+  EXPECT_EQ(fraction.down[0], "2");
+  EXPECT_EQ(FractionText(fraction), "-1/2/(z-2)");
+}
+
+TEST_F(FactorFraction, SumsAreFactoredAsFarAsTheyGo) {
+  EXPECT_EQ(FactoredCompletely(s, "x^3-x"), "x*(x+1)*(x-1)");
+  EXPECT_EQ(FactoredCompletely(s, "x^2+1"), "x^2+1");
+}
+
+TEST_F(FactorFraction, AKeptFactoringIsTheOneWorkedOut) {
+  for (const char* sum : {"x^2-1", "x^2+5*x+6", "x^4-1", "2*x+4"}) {
+    EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
+    EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
+  }
+}
+
+}  // namespace
+}  // namespace tavimor

@@ -1,0 +1,120 @@
+// Tests of the polynomial view of an expression and of the driver's moves on both sides.
+#include <gtest/gtest.h>
+
+#include "solve/equation_moves.h"
+#include "solve/polynomial_view.h"
+#include "support/session_fixture.h"
+
+namespace tavimor {
+namespace {
+
+using PolynomialViewTest = SessionTest;
+
+TEST_F(PolynomialViewTest, SortsSquaredLinearConstantAndOtherTerms) {
+  const PolynomialView view = ClassifyPolynomial(s, "3*x^2-2*x+5-sqrt(x)", "x");
+  EXPECT_EQ(view.QuadTerms, "3*x^2");
+  EXPECT_EQ(view.QuadCoef, "3");
+  EXPECT_EQ(view.LinTerms, "-2*x");
+  EXPECT_EQ(view.LinCoef, "-2");
+  EXPECT_EQ(view.ConstTerm, "5");
+  EXPECT_EQ(view.NegConst, "-5");
+  EXPECT_EQ(view.OtherTerms, "-sqrt(x)");
+}
+
+TEST_F(PolynomialViewTest, OtherLettersAreConstants) {
+  const PolynomialView view = ClassifyPolynomial(s, "a*x+b", "x");
+  EXPECT_EQ(view.LinCoef, "a");
+  EXPECT_EQ(view.ConstTerm, "b");
+  EXPECT_EQ(view.OtherTerms, "0");
+  EXPECT_EQ(ConstantPart(s, "a*x+b", "x"), "b");
+}
+
+TEST_F(PolynomialViewTest, ASingleTermIsClassifiedWhole) {
+  EXPECT_EQ(ClassifyPolynomial(s, "x^2", "x").QuadCoef, "1");
+  EXPECT_EQ(ClassifyPolynomial(s, "4*x", "x").LinCoef, "4");
+  EXPECT_EQ(ClassifyPolynomial(s, "7", "x").ConstTerm, "7");
+  EXPECT_EQ(ClassifyPolynomial(s, "0", "x").ConstTerm, "0");
+  EXPECT_EQ(ClassifyPolynomial(s, "x*sin(x)", "x").OtherTerms, "x*sin(x)");
+}
+
+using EquationMoves = SessionTest;
+
+TEST_F(EquationMoves, CancelsATermStandingOnBothSides) {
+  std::string left = "x+3";
+  std::string right = "2*x+3";
+  EXPECT_EQ(CancelCommonTerms(s, left, right), "subtracting @3@ from");
+  EXPECT_EQ(left, "x");
+  EXPECT_EQ(right, "2*x");
+}
+
+TEST_F(EquationMoves, CancelsASubtractedTermByAddingIt) {
+  std::string left = "x^2-4";
+  std::string right = "3*x-4";
+  EXPECT_EQ(CancelCommonTerms(s, left, right), "adding @4@ to");
+  EXPECT_EQ(left, "x^2");
+  EXPECT_EQ(right, "3*x");
+}
+
+TEST_F(EquationMoves, EqualSidesBecomeZeroSilently) {
+  std::string left = "x";
+  std::string right = "x";
+  EXPECT_EQ(CancelCommonTerms(s, left, right), "");
+  EXPECT_EQ(left, "0");
+  EXPECT_EQ(right, "0");
+}
+
+TEST_F(EquationMoves, ATermWithTheOtherSignStays) {
+  std::string left = "x+3";
+  std::string right = "5-3";
+  EXPECT_EQ(CancelCommonTerms(s, left, right), "");
+  EXPECT_EQ(left, "x+3");
+}
+
+TEST_F(EquationMoves, CommonFactorHoldingTheUnknown) {
+  const CommonFactorFinding found = FindCommonFactor(s, "x^2", "x", "x");
+  EXPECT_EQ(found.factor, "x");
+  EXPECT_EQ(found.occurrences, 1);
+}
+
+TEST_F(EquationMoves, CommonNumberFactor) {
+  const CommonFactorFinding found = FindCommonFactor(s, "2*x+4", "6", "x");
+  EXPECT_EQ(found.factor, "2");
+  EXPECT_EQ(found.occurrences, 0);
+}
+
+TEST_F(EquationMoves, LikeTermsCollectedBeforeTheFactorIsSought) {
+  EXPECT_EQ(FindCommonFactor(s, "2*x", "4*x", "x").factor, "1");
+}
+
+TEST_F(EquationMoves, ScaleSideDividesEachTermOfASum) {
+  EXPECT_EQ(ScaleSide(s, "2*x+4", '/', "2", true), "x+2");
+  EXPECT_EQ(ScaleSide(s, "0", '/', "2", false), "0");
+  EXPECT_EQ(ScaleSide(s, "1", '*', "a", false), "a");
+  EXPECT_EQ(ScaleSide(s, "a", '*', "0", false), "0");
+}
+
+TEST_F(EquationMoves, LikeTermWithTheSmallerCoefficientIsMoved) {
+  const LikeTermMove move = MoveLikeTerm(s, "2*x", "4*x");
+  ASSERT_TRUE(move.found);
+  EXPECT_TRUE(move.subtract);
+  EXPECT_EQ(move.term, "2*x");
+}
+
+TEST_F(EquationMoves, NegativeLikeTermIsAdded) {
+  const LikeTermMove move = MoveLikeTerm(s, "x^2+x", "-3*x");
+  ASSERT_TRUE(move.found);
+  EXPECT_FALSE(move.subtract);
+  EXPECT_EQ(move.term, "3*x");
+}
+
+TEST_F(EquationMoves, EqualLikeTermsLeaveBothSides) {
+  const LikeTermMove move = MoveLikeTerm(s, "-x-1", "-x+2");
+  ASSERT_TRUE(move.found);
+  EXPECT_FALSE(move.subtract);
+  EXPECT_EQ(move.term, "x");
+}
+
+TEST_F(EquationMoves, NoLikeTerms) { EXPECT_FALSE(MoveLikeTerm(s, "x^2", "x").found); }
+
+}  // namespace
+}  // namespace tavimor
