@@ -15,6 +15,7 @@
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
+#include "core/text_predicates.h"
 #include "core/tree_walk.h"
 #include "manipulate/factor_fraction.h"
 #include "manipulate/integer_gcd.h"
@@ -55,9 +56,10 @@ std::string ProductText(std::int32_t coefficient, const std::vector<Power>& base
   return Joined(factors);
 }
 
-// a over b: the denominator bracketed when it has more than one factor.
+// a over b: the numerator bracketed when it is a sum, the denominator when it has more than one
+// factor.
 std::string Over(Session& s, const std::string& a, const std::string& b) {
-  return BracketIfNeeded(s, a) + "/" + BracketIfNeeded(s, b);
+  return (IsSumText(s, a) ? "(" + a + ")" : a) + "/" + BracketIfNeeded(s, b);
 }
 
 // Terms joined into a sum with their signs.
@@ -175,6 +177,7 @@ void SetField(std::string& record, int field, const std::string& value) {
 
 // Adds the fractions of the sum at `sum`, inside the tree at `root`.
 bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
+  const std::string before_sum = ContentText(s.Pool[sum]);
   std::vector<Term> terms = ReadTerms(s, sum);
   if (terms.size() < 2) return false;
   // 1. Fractions among the terms; none, or only trig functions over trig denominators: nothing.
@@ -286,6 +289,7 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   SetField(record, kFieldSimplified, simplified);
   out.record = record;
   out.numerators = numerator_sum;
+  out.sum = before_sum;
   out.whole = is_whole;
   SetWholeText(s, root, simplified);
   RegenerateAll(s, root);

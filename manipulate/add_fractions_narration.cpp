@@ -39,13 +39,13 @@ std::string Field(const std::string& record, int field) { return AddFractionsFie
 }  // namespace
 
 std::string AddFractionsMessage(int side, const std::string& simplified_first,
-                                const std::string& record, bool whole) {
+                                const std::string& record, const std::string& sum, bool whole) {
   const int code = std::atoi(Field(record, kFieldCode).c_str());
   std::string text = std::to_string(code == kFormSameDenominator ? kSameDenominatorHelp
                                                                  : kLowestCommonDenominatorHelp) +
                      "#";
   if (!simplified_first.empty()) text += kSimplifyFirst[side] + simplified_first + "@ .\\|";
-  text += "Make @" + Field(record, kFieldBefore) + "@" + kIntoOneFraction[side];
+  text += "Make @" + sum + "@" + kIntoOneFraction[side];
   if (code == kFormSameDenominator) {
     return text + "adding the numerators over the common denominator.  The result is:";
   }
@@ -95,15 +95,14 @@ AddFractionsOutcome AddFractionsSide(Session& s, NodeIdx side) {
   if (!added) return outcome;
   FreeChildren(s, side);
   LoadSide(s, side, text);
-  const std::string message =
-      AddFractionsMessage(0, simplified == input ? "" : simplified, sum.record, sum.whole);
+  const std::string first = simplified == input ? "" : simplified;
+  const std::string message = AddFractionsMessage(0, first, sum.record, sum.sum, sum.whole);
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));
   if (s.DetailNow >= 1) {
     const int which = s.Form.panel1_caption == "Left Side"    ? 1
                       : s.Form.panel1_caption == "Right Side" ? 2
                                                               : 0;
-    s.Message =
-        AddFractionsMessage(which, simplified == input ? "" : simplified, sum.record, sum.whole);
+    s.Message = AddFractionsMessage(which, first, sum.record, sum.sum, sum.whole);
     ShowStep(s, side);
   }
   return outcome;
