@@ -276,7 +276,14 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   }
   RegenerateAll(s, root);
   const std::string whole = s.Pool[root].Text;
-  const std::string simplified = SimplifyText(s, whole);
+  // The whole simplified in place, silently: no copy of the tree is made.
+  {
+    ScopedOverride keep_message(s.Message);
+    ScopedOverride keep_help(s.HelpNumber);
+    int level = 0;
+    SimplifyTree(s, root, level);
+  }
+  const std::string simplified = s.Pool[root].Text;
   std::string record;
   SetField(record, kFieldBefore, "");
   SetField(record, kFieldCode, std::to_string(code));
@@ -291,8 +298,6 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   out.numerators = numerator_sum;
   out.sum = before_sum;
   out.whole = is_whole;
-  SetWholeText(s, root, simplified);
-  RegenerateAll(s, root);
   return true;
 }
 

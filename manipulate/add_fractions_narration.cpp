@@ -6,6 +6,7 @@
 
 #include "core/input_split.h"
 #include "core/node_pool.h"
+#include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "manipulate/add_fractions.h"
 #include "present/step_markup.h"
@@ -79,22 +80,25 @@ std::string NothingToAddNote(const std::string& input, const std::string& simpli
 AddFractionsOutcome AddFractionsSide(Session& s, NodeIdx side) {
   AddFractionsOutcome outcome;
   const std::string input = s.Pool[side].Text;
-  outcome.simplified = SimplifyText(s, input);
-  const std::string& simplified = outcome.simplified;
-  std::string text = simplified;
-  FractionSum sum;
-  bool added = false;
+  // Worked on the side's own tree, which is loaded again afterwards: no copy of it is made.
+  NodeIdx root = side;
   {
-    TempTree tree(s, text, TempTree::Depth::Whole);
-    added =
-        AddFractionsAt(s, tree.RootSlot(), 1, sum) || AddFractionsAt(s, tree.RootSlot(), 2, sum);
-    if (added) text = s.Pool[tree.RootSlot()].Text;
+    ScopedOverride detail(s.DetailNow, std::int16_t{0});
+    ScopedOverride message(s.Message);
+    ScopedOverride help(s.HelpNumber);
+    int level = 0;
+    SimplifyTree(s, root, level);
   }
+  outcome.simplified = s.Pool[root].Text;
+  const std::string& simplified = outcome.simplified;
+  FractionSum sum;
+  const bool added = AddFractionsAt(s, root, 1, sum) || AddFractionsAt(s, root, 2, sum);
+  const std::string text = s.Pool[root].Text;
+  FreeChildren(s, side);
+  LoadSide(s, side, added ? text : input);
   outcome.overflow = sum.overflow;
   outcome.added = added;
   if (!added) return outcome;
-  FreeChildren(s, side);
-  LoadSide(s, side, text);
   const std::string first = simplified == input ? "" : simplified;
   const std::string message = AddFractionsMessage(0, first, sum.record, sum.sum, sum.whole);
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));
