@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/brackets.h"
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/number_text.h"
@@ -227,7 +228,8 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
       }
     }
   }
-  const std::string lcd_text = ProductText(lcd_number, lcd);
+  // Fractions over one denominator keep it as it is written.
+  const std::string lcd_text = same ? Joined(terms[0].down) : ProductText(lcd_number, lcd);
   if (lcd_text == "1") return false;
   // 4. Each numerator times what its denominator lacks.
   std::vector<std::pair<bool, std::string>> before;
@@ -260,7 +262,8 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   }
   // 5. The numerators over the LCD, their sum simplified silently.
   const std::string numerator_sum = SumText(numerators);
-  const std::string single = "(" + SimplifyText(s, numerator_sum) + ")/(" + lcd_text + ")";
+  const std::string single =
+      "(" + SimplifyText(s, numerator_sum) + ")/(" + StripBrackets(lcd_text) + ")";
   // 6. A numerator that shares a factor with the LCD cancels it when the whole is simplified.
   FractionFactors shared;
   AddFactorsOf(s, FactoredCompletely(s, SimplifyText(s, numerator_sum)), false, shared);

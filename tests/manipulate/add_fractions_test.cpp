@@ -34,6 +34,13 @@ TEST_F(AddingFractions, SameDenominatorsAddTheNumerators) {
   EXPECT_EQ(Field(kFieldLcd), "3");
 }
 
+TEST_F(AddingFractions, OneDenominatorStaysAsItIsWritten) {
+  EXPECT_FALSE(Add("x/(x^2-1)+1/(x^2-1)").empty());
+  EXPECT_EQ(Code(), kFormSameDenominator);
+  EXPECT_EQ(Field(kFieldLcd), "(x^2-1)");
+  EXPECT_EQ(Field(kFieldSingle), "(x+1)/(x^2-1)");
+}
+
 TEST_F(AddingFractions, NumbersOverTheLeastCommonMultiple) {
   EXPECT_EQ(Add("1/6+1/4"), "5/12");
   EXPECT_EQ(Code(), kFormAsWritten);
