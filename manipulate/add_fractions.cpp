@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/brackets.h"
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/number_text.h"
@@ -15,6 +16,7 @@
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
+#include "core/text_predicates.h"
 #include "core/tree_walk.h"
 #include "manipulate/factor_fraction.h"
 #include "manipulate/integer_gcd.h"
@@ -55,9 +57,10 @@ std::string ProductText(std::int32_t coefficient, const std::vector<Power>& base
   return Joined(factors);
 }
 
-// a over b: the denominator bracketed when it has more than one factor.
+// a over b: the numerator bracketed when it is a sum, the denominator when it has more than one
+// factor.
 std::string Over(Session& s, const std::string& a, const std::string& b) {
-  return BracketIfNeeded(s, a) + "/" + BracketIfNeeded(s, b);
+  return (IsSumText(s, a) ? "(" + a + ")" : a) + "/" + BracketIfNeeded(s, b);
 }
 
 // Terms joined into a sum with their signs.
@@ -175,6 +178,7 @@ void SetField(std::string& record, int field, const std::string& value) {
 
 // Adds the fractions of the sum at `sum`, inside the tree at `root`.
 bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
+  const std::string before_sum = ContentText(s.Pool[sum]);
   std::vector<Term> terms = ReadTerms(s, sum);
   if (terms.size() < 2) return false;
   // 1. Fractions among the terms; none, or only trig functions over trig denominators: nothing.
@@ -224,7 +228,8 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
       }
     }
   }
-  const std::string lcd_text = ProductText(lcd_number, lcd);
+  // Fractions over one denominator keep it as it is written.
+  const std::string lcd_text = same ? Joined(terms[0].down) : ProductText(lcd_number, lcd);
   if (lcd_text == "1") return false;
   // 4. Each numerator times what its denominator lacks.
   std::vector<std::pair<bool, std::string>> before;
@@ -257,7 +262,8 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   }
   // 5. The numerators over the LCD, their sum simplified silently.
   const std::string numerator_sum = SumText(numerators);
-  const std::string single = "(" + SimplifyText(s, numerator_sum) + ")/(" + lcd_text + ")";
+  const std::string single =
+      "(" + SimplifyText(s, numerator_sum) + ")/(" + StripBrackets(lcd_text) + ")";
   // 6. A numerator that shares a factor with the LCD cancels it when the whole is simplified.
   FractionFactors shared;
   AddFactorsOf(s, FactoredCompletely(s, SimplifyText(s, numerator_sum)), false, shared);
@@ -273,7 +279,14 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   }
   RegenerateAll(s, root);
   const std::string whole = s.Pool[root].Text;
-  const std::string simplified = SimplifyText(s, whole);
+  // The whole simplified in place, silently: no copy of the tree is made.
+  {
+    ScopedOverride keep_message(s.Message);
+    ScopedOverride keep_help(s.HelpNumber);
+    int level = 0;
+    SimplifyTree(s, root, level);
+  }
+  const std::string simplified = s.Pool[root].Text;
   std::string record;
   SetField(record, kFieldBefore, "");
   SetField(record, kFieldCode, std::to_string(code));
@@ -286,9 +299,8 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   SetField(record, kFieldSimplified, simplified);
   out.record = record;
   out.numerators = numerator_sum;
+  out.sum = before_sum;
   out.whole = is_whole;
-  SetWholeText(s, root, simplified);
-  RegenerateAll(s, root);
   return true;
 }
 

@@ -41,6 +41,7 @@ std::string AddFractionsField(const std::string& record, int field);
 // the single fraction cancels a factor of its numerator with the LCD.
 struct FractionSum {
   std::string record;
+  std::string sum;  // the text of the sum that was added
   std::string numerators;
   bool cancels = false;
   bool whole = false;     // the sum was the whole text

@@ -6,6 +6,7 @@
 
 #include "core/input_split.h"
 #include "core/node_pool.h"
+#include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "manipulate/add_fractions.h"
 #include "present/step_markup.h"
@@ -39,13 +40,13 @@ std::string Field(const std::string& record, int field) { return AddFractionsFie
 }  // namespace
 
 std::string AddFractionsMessage(int side, const std::string& simplified_first,
-                                const std::string& record, bool whole) {
+                                const std::string& record, const std::string& sum, bool whole) {
   const int code = std::atoi(Field(record, kFieldCode).c_str());
   std::string text = std::to_string(code == kFormSameDenominator ? kSameDenominatorHelp
                                                                  : kLowestCommonDenominatorHelp) +
                      "#";
   if (!simplified_first.empty()) text += kSimplifyFirst[side] + simplified_first + "@ .\\|";
-  text += "Make @" + Field(record, kFieldBefore) + "@" + kIntoOneFraction[side];
+  text += "Make @" + sum + "@" + kIntoOneFraction[side];
   if (code == kFormSameDenominator) {
     return text + "adding the numerators over the common denominator.  The result is:";
   }
@@ -79,31 +80,33 @@ std::string NothingToAddNote(const std::string& input, const std::string& simpli
 AddFractionsOutcome AddFractionsSide(Session& s, NodeIdx side) {
   AddFractionsOutcome outcome;
   const std::string input = s.Pool[side].Text;
-  outcome.simplified = SimplifyText(s, input);
-  const std::string& simplified = outcome.simplified;
-  std::string text = simplified;
-  FractionSum sum;
-  bool added = false;
+  // Worked on the side's own tree, which is loaded again afterwards: no copy of it is made.
+  NodeIdx root = side;
   {
-    TempTree tree(s, text, TempTree::Depth::Whole);
-    added =
-        AddFractionsAt(s, tree.RootSlot(), 1, sum) || AddFractionsAt(s, tree.RootSlot(), 2, sum);
-    if (added) text = s.Pool[tree.RootSlot()].Text;
+    ScopedOverride detail(s.DetailNow, std::int16_t{0});
+    ScopedOverride message(s.Message);
+    ScopedOverride help(s.HelpNumber);
+    int level = 0;
+    SimplifyTree(s, root, level);
   }
+  outcome.simplified = s.Pool[root].Text;
+  const std::string& simplified = outcome.simplified;
+  FractionSum sum;
+  const bool added = AddFractionsAt(s, root, 1, sum) || AddFractionsAt(s, root, 2, sum);
+  const std::string text = s.Pool[root].Text;
+  FreeChildren(s, side);
+  LoadSide(s, side, added ? text : input);
   outcome.overflow = sum.overflow;
   outcome.added = added;
   if (!added) return outcome;
-  FreeChildren(s, side);
-  LoadSide(s, side, text);
-  const std::string message =
-      AddFractionsMessage(0, simplified == input ? "" : simplified, sum.record, sum.whole);
+  const std::string first = simplified == input ? "" : simplified;
+  const std::string message = AddFractionsMessage(0, first, sum.record, sum.sum, sum.whole);
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));
   if (s.DetailNow >= 1) {
     const int which = s.Form.panel1_caption == "Left Side"    ? 1
                       : s.Form.panel1_caption == "Right Side" ? 2
                                                               : 0;
-    s.Message =
-        AddFractionsMessage(which, simplified == input ? "" : simplified, sum.record, sum.whole);
+    s.Message = AddFractionsMessage(which, first, sum.record, sum.sum, sum.whole);
     ShowStep(s, side);
   }
   return outcome;

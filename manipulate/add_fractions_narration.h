@@ -14,10 +14,10 @@ inline constexpr int kSameDenominatorHelp = 290;
 inline constexpr int kLowestCommonDenominatorHelp = 291;
 
 // The message of an addition from its record: the side (0 expression, 1 left, 2 right), the
-// text the first simplification made of the side (empty when it changed nothing), and whether
-// the sum was the whole side. Starts with the help number and "#".
+// text the first simplification made of the side (empty when it changed nothing), the sum that
+// was added, and whether it was the whole side. Starts with the help number and "#".
 std::string AddFractionsMessage(int side, const std::string& simplified_first,
-                                const std::string& record, bool whole);
+                                const std::string& record, const std::string& sum, bool whole);
 
 // What a press did: whether a sum was added, whether an LCD too large stopped it (told in its
 // message box), and the side after the first silent simplification.

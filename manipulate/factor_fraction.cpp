@@ -115,6 +115,16 @@ std::string KeptAnswer(Session& s, char what, const std::string& text, Work work
   return answer;
 }
 
+// A division by anything but a number: a sum with fractions of its own is not factored here, so
+// that fractions nested in fractions are not factored again at every depth (each depth would
+// copy the rest into a tree of its own, and a deep nesting would run the pool out).
+bool HasLetterDenominator(const std::string& text) {
+  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+    if (text[i] == '/' && !(text[i + 1] >= '0' && text[i + 1] <= '9')) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 void AddSignedFactor(const std::string& factor, bool down, FractionFactors& into) {
@@ -128,6 +138,7 @@ void AddSignedFactor(const std::string& factor, bool down, FractionFactors& into
 }
 
 std::string FactoredCompletely(Session& s, const std::string& sum) {
+  if (HasLetterDenominator(sum)) return sum;
   return KeptAnswer(s, 'f', sum, [&s, &sum] { return FactorTextCompletely(s, sum); });
 }
 

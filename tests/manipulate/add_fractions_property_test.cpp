@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
 #include <numeric>
 #include <random>
 #include <string>
@@ -99,6 +100,40 @@ TEST_F(AddFractionsProperties, ValueKeptAndOneFractionLeft) {
       EXPECT_NEAR(got, want, 1e-7 * std::max(1.0, std::fabs(want)))
           << sum << " -> " << text << " at x = " << x;
     }
+  }
+}
+
+TEST_F(AddFractionsProperties, PressedToTheEndNestedSumsKeepTheirValue) {
+  const char* const kItems[] = {
+      "1/(1/x+1)+x",         "(1/x+1/y)/(1/x-1/y)", "2*(1/x+1/y)^2", "sqrt(1/x+1/y)+1/x",
+      "x/(x+1)-(x-1)/x",     "1/(x-y)+1/(y-x)+1/y", "a/b+c/d+e/f",   "(x+1/x)^2-1/x^2",
+      "1/(x^2-y^2)+1/(x+y)", "3/(2*x)-x/6+1/(x*y)",
+  };
+  std::mt19937 points(17);
+  std::uniform_real_distribution<double> at(0.3, 2.9);
+  for (const char* item : kItems) {
+    InitNodePool(s);
+    s.RewriteCount = 0;
+    std::string text = item;
+    std::string record;
+    int presses = 0;
+    while (presses < 12 && AddFractions(s, text, record)) {
+      ++presses;
+      s.RewriteCount = 0;
+      for (int k = 0; k < 3; ++k) {
+        const std::map<char, double> values = {
+            {'x', at(points)}, {'y', at(points)}, {'a', at(points)}, {'b', at(points)},
+            {'c', at(points)}, {'d', at(points)}, {'e', at(points)}, {'f', at(points)}};
+        NumericValue before(s, values);
+        NumericValue after(s, values);
+        const double want = before.Of(item);
+        if (!std::isfinite(want) || std::fabs(want) > 1e6) continue;
+        EXPECT_NEAR(after.Of(text), want, 1e-7 * std::max(1.0, std::fabs(want)))
+            << item << " -> " << text;
+      }
+    }
+    EXPECT_GE(presses, 1) << item;
+    EXPECT_LT(presses, 12) << item << " does not come to an end: " << text;
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "core/pieces.h"
 #include "manipulate/add_fractions.h"
+#include "manipulate/add_fractions_narration.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {
@@ -31,6 +32,13 @@ TEST_F(AddingFractions, SameDenominatorsAddTheNumerators) {
   EXPECT_EQ(Add("x/3+2*x/3"), "x");
   EXPECT_EQ(Code(), kFormSameDenominator);
   EXPECT_EQ(Field(kFieldLcd), "3");
+}
+
+TEST_F(AddingFractions, OneDenominatorStaysAsItIsWritten) {
+  EXPECT_FALSE(Add("x/(x^2-1)+1/(x^2-1)").empty());
+  EXPECT_EQ(Code(), kFormSameDenominator);
+  EXPECT_EQ(Field(kFieldLcd), "(x^2-1)");
+  EXPECT_EQ(Field(kFieldSingle), "(x+1)/(x^2-1)");
 }
 
 TEST_F(AddingFractions, NumbersOverTheLeastCommonMultiple) {
@@ -132,6 +140,25 @@ TEST_F(AddingFractions, CombineWritesNoStep) {
   EXPECT_EQ(CombineFractions(s, text, report), 1);
   EXPECT_TRUE(frontend.work_space.empty());
   EXPECT_EQ(s.DetailNow, 1);
+}
+
+TEST_F(AddingFractions, TheButtonWorksOnTheSideItself) {
+  // 90 fractions deep: a copy of the side besides the side itself would run the pool out.
+  std::string nested = "x";
+  for (int i = 0; i < 90; ++i) nested = "1/(1+" + nested + ")";
+  const NodeIdx side = Load(nested);
+  AddFractionsOutcome outcome;
+  ASSERT_NO_THROW(outcome = AddFractionsSide(s, side));
+  EXPECT_TRUE(outcome.added);
+  EXPECT_NE(N(side).Text, nested);
+}
+
+TEST_F(AddingFractions, TheButtonLeavesTheSideAsInputWhenNothingIsAdded) {
+  const NodeIdx side = Load("x+x+1");
+  const AddFractionsOutcome outcome = AddFractionsSide(s, side);
+  EXPECT_FALSE(outcome.added);
+  EXPECT_EQ(outcome.simplified, "2*x+1");
+  EXPECT_EQ(N(side).Text, "x+x+1");
 }
 
 }  // namespace

@@ -71,5 +71,17 @@ TEST_F(FactorFraction, AKeptFactoringIsTheOneWorkedOut) {
   }
 }
 
+// 1/(1+1/(1+...1/(1+x))), `depth` fractions deep.
+std::string NestedFraction(int depth) {
+  std::string text = "x";
+  for (int i = 0; i < depth; ++i) text = "1/(1+" + text + ")";
+  return text;
+}
+
+TEST_F(FactorFraction, DeeplyNestedFractionsDoNotRunThePoolOut) {
+  // Each depth factored on a tree of its own would copy the rest of the nesting again.
+  EXPECT_NO_THROW(Run(NestedFraction(90)));
+}
+
 }  // namespace
 }  // namespace tavimor

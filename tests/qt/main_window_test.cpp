@@ -398,6 +398,35 @@ class MainWindowTest : public QObject {
     QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text), QStringLiteral("x+x"));
   }
 
+  void AddFractionsButtonMakesOneFraction() {
+    // Steps in a stream: the step's lines do not wait for the pacing button.
+    w_.session->StreamingOutput = true;
+    w_.window->EquationBox()->setEditText(QStringLiteral("1/x+1/(x+1)"));
+    w_.window->LoadTyped(false);
+    QVERIFY(w_.window->Button("cmd1Frac")->isEnabled());
+    QTest::mousePress(w_.window->Button("cmd1Frac"), Qt::LeftButton);
+    const QString text = w_.window->WorkSpace()->HiddenText();
+    QVERIFY(text.contains(
+        QStringLiteral("   - Find the lowest common denominator, namely @x*(x+1)@ .")));
+    QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text),
+             QStringLiteral("(2*x+1)/x/(x+1)"));
+  }
+
+  void AddFractionsTellsASimplificationInAHintBox() {
+    QString hint;
+    WhenModal([&hint](QWidget* modal) {
+      auto* view = modal->findChild<WorkSpaceView*>();
+      hint = view != nullptr ? view->HiddenText() : QString();
+      QTest::keyClick(modal, Qt::Key_Escape);
+    });
+    w_.window->EquationBox()->setEditText(QStringLiteral("x+x"));
+    w_.window->LoadTyped(false);
+    QTest::mousePress(w_.window->Button("cmd1Frac"), Qt::LeftButton);
+    QCOMPARE(hint, QStringLiteral("Note:  The expression can be simplified like this:\n\n"
+                                  "@x+x->2*x@  \n\nThere are no fractions to add.\n"));
+    QCOMPARE(QString::fromStdString(w_.session->Pool[kLeftRoot].Text), QStringLiteral("x+x"));
+  }
+
   void MathematicsSitsOnTheBaselineOfTheText() {
     WorkSpaceView* view = w_.window->WorkSpace();
     view->Clear();
