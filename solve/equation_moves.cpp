@@ -91,8 +91,17 @@ CommonFactorFinding FindCommonFactor(Session& s, const std::string& left, const 
   } else if (right == "0" && IsSumText(s, left)) {
     whole = left;
   } else {
-    // The brackets go, and like terms with them: 2*x-4*x is one term, with no factor to take.
-    whole = SimplifyText(s, "(" + left + ")-(" + right + ")");
+    // (left)-(right) with its brackets dropped, the terms as they stand: nothing is collected, so
+    // 2*x+3=7 looks at 2*x+3-7, whose terms share no factor, and is solved by undoing its layers.
+    std::vector<std::string> terms;
+    for (const SignedTerm& term : TermsOf(s, left)) {
+      if (term.text != "0") terms.push_back(SignedText(term));
+    }
+    for (SignedTerm term : TermsOf(s, right)) {
+      term.minus = !term.minus;
+      if (term.text != "0") terms.push_back(SignedText(term));
+    }
+    whole = terms.empty() ? "0" : JoinTerms(terms);
   }
   CommonFactorFinding finding;
   FactorFinding found;

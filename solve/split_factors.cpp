@@ -85,9 +85,11 @@ bool SplitFactors(Session& s, SolveRun& run) {
       }
     }
     // The first equation already solved: its answer joins with a comma, which the exit's cut of
-    // two characters also removes when it comes first.
+    // two characters also removes when it comes first. After earlier answers it joins with "; "
+    // like every other answer: a comma would glue it to the answer before it, which the check
+    // could then not read, and a true solution would be lost.
     if (run.Row(run.PendingCount)[0] == run.Unknown) {
-      run.Answers += ", 0";
+      run.Answers += run.Answers.empty() ? ", 0" : "; 0";
       run.ResizePending(run.PendingCount - 1);
     }
   }

@@ -64,10 +64,32 @@ TEST_F(AutoSolveTest, SquareEqualToUnknownSplitsIntoTwoEquations) {
 }
 
 TEST_F(AutoSolveTest, LikeTermIsSubtractedThenTheSidesSwap) {
+  EXPECT_EQ(Solve("x+5=3*x"), "5/2");
+  EXPECT_TRUE(Wrote("Simplify by subtracting @x@ on both sides of the equation."));
+  EXPECT_TRUE(Wrote("@5=2*x@"));
+  EXPECT_LT(Where("subtracting @x@"), Where("Swap the left side and right side"));
+}
+
+TEST_F(AutoSolveTest, LikeTermsOnBothSidesShareTheirCommonFactor) {
+  // 2*x-4*x: the terms as they stand share 2*x, which holds the unknown, so it is factored out
+  // rather than cancelled, and no solution is lost.
   EXPECT_EQ(Solve("2*x=4*x"), "0");
-  EXPECT_TRUE(Wrote("Simplify by subtracting @2*x@ on both sides of the equation."));
-  EXPECT_TRUE(Wrote("@0=2*x@"));
-  EXPECT_LT(Where("subtracting @2*x@"), Where("Swap the left side and right side"));
+  EXPECT_TRUE(Wrote("Move everything to the left side and factor out the common factor @2*x@."));
+}
+
+TEST_F(AutoSolveTest, ConstantTermsAreNotCollectedBeforeTheCommonFactorIsSought) {
+  EXPECT_EQ(Solve("2*x+3=7"), "2");
+  EXPECT_FALSE(Wrote("common factor"));
+  EXPECT_TRUE(Wrote("Subtract @3@ from both sides."));
+}
+
+TEST_F(AutoSolveTest, SolvedFactorAfterEarlierAnswersIsAnAnswerOfItsOwn) {
+  // The negative branch of the square root splits x*(x-2)=0 after the positive branch has
+  // ended: its answer 0 stands apart from what came before.
+  const std::string answers = Solve("(x^2-2*x-1)^2=1");
+  EXPECT_NE(("; " + answers + ";").find("; 0;"), std::string::npos) << answers;
+  EXPECT_NE(("; " + answers + ";").find("; 2;"), std::string::npos) << answers;
+  EXPECT_EQ(answers.find(","), std::string::npos) << answers;
 }
 
 TEST_F(AutoSolveTest, DenominatorOfAProductEqualToZeroIsClearedWithoutATest) {

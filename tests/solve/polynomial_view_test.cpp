@@ -82,8 +82,11 @@ TEST_F(EquationMoves, CommonNumberFactor) {
   EXPECT_EQ(found.occurrences, 0);
 }
 
-TEST_F(EquationMoves, LikeTermsCollectedBeforeTheFactorIsSought) {
-  EXPECT_EQ(FindCommonFactor(s, "2*x", "4*x", "x").factor, "1");
+TEST_F(EquationMoves, TermsKeepTheirFormWhenTheFactorIsSought) {
+  // 2*x+3-7: the terms 2*x, 3 and -7 share nothing, though 2*x-4 would share 2.
+  EXPECT_EQ(FindCommonFactor(s, "2*x+3", "7", "x").factor, "1");
+  // 2*x-4*x: the terms share 2*x.
+  EXPECT_EQ(FindCommonFactor(s, "2*x", "4*x", "x").factor, "2*x");
 }
 
 TEST_F(EquationMoves, ScaleSideDividesEachTermOfASum) {
