@@ -7,6 +7,7 @@
 #include "core/scoped_override.h"
 #include "core/text_predicates.h"
 #include "manipulate/add_fractions.h"
+#include "manipulate/combine_logs.h"
 #include "manipulate/factor.h"
 #include "present/work_space.h"
 #include "simplify/simplify_driver.h"
@@ -117,11 +118,15 @@ class Driver {
     return result;
   }
 
-  // After a layer undone: the fractions on the right side combined (107). The logarithms on
-  // each side are combined here too (108) once the combining of logarithms is built.
+  // After a layer undone: the fractions on the right side combined (107), then the logarithms on
+  // each side (108).
   bool AfterLayer() {
     if (CombineInto(run_.WorkRight, 1) > 0) {
       if (Step("107#Combine the fractions on the right side.", false)) return true;
+    }
+    std::string sentence;
+    if (CombineLogsOnSides(s_, run_.WorkLeft, run_.WorkRight, sentence)) {
+      if (Step("108#" + sentence, false)) return true;
     }
     return false;
   }
@@ -168,8 +173,13 @@ class Driver {
         return Next::Leave;
       }
     }
-    // 9. The logarithms on each side are combined here (104) once the combining of logarithms
-    // is built.
+    // 9. The logarithms on each side.
+    {
+      std::string sentence;
+      if (CombineLogsOnSides(s_, run_.WorkLeft, run_.WorkRight, sentence)) {
+        if (Step("104#" + sentence, true)) return Next::Leave;
+      }
+    }
     // 10. The unknown on the left.
     run_.OccursLeft = static_cast<std::int16_t>(CountOccurrences(s_, run_.WorkLeft, run_.Unknown));
     run_.OccursRight =
