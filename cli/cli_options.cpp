@@ -42,6 +42,13 @@ Options:
                     also grid (the rows as lists of number texts), system ("unique",
                     "infinite", "none", or null until the reduced form is read) and
                     solution (letter -> value text, for "unique").
+                    After graph also graph: x and y (the window's ranges) and
+                    curves, each with equation, kind ("1" explicit, "2" contour,
+                    "3" explicit polar, "4" contour polar, "5a" parametric),
+                    colour ("#rrggbb") and points (301 [x, y] in world
+                    coordinates, null for an undefined point; null for the
+                    contour kinds, which are not drawn yet).
+  --plot FILE       graph writes its picture to FILE as SVG.
   --batch FILE      Each line of FILE is a fresh load in one session; with --json
                     exactly one object per line, with its error. The count and time
                     go to standard error; the exit status is that of the first line
@@ -178,6 +185,9 @@ int ParseArguments(const std::vector<std::string>& all, CliOptions& options,
       options.decimal_comma = true;
     } else if (arg == "--json") {
       options.json = true;
+    } else if (arg == "--plot") {
+      if (++i >= all.size()) return Usage("--plot needs a FILE.");
+      options.plot = all[i];
     } else if (arg == "--file") {
       if (++i >= all.size()) return Usage("--file needs a PATH.");
       options.file = all[i];

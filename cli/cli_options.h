@@ -15,6 +15,7 @@ struct CliOptions {
   std::vector<std::pair<std::string, std::string>> settings;
   bool decimal_comma = false;
   bool json = false;
+  std::string plot;  // the file a graph is written to as SVG
   std::string batch;
   std::string file;     // an algebra file opened before the item is loaded
   bool save = false;    // save the list to it afterwards

@@ -43,6 +43,7 @@ std::unique_ptr<TutorRun> MakeTutorRun(const CliOptions& options, bool interacti
   auto run = std::make_unique<TutorRun>(interactive);
   run->frontend.SetGivenValues(options.values);
   run->frontend.SetGivenAnswers(options.answers);
+  run->frontend.SetPlotFile(options.plot);
   if (!StartSession(run->s, options, error)) return nullptr;
   return run;
 }

@@ -47,7 +47,7 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
                          const std::vector<std::string>& messages,
                          const std::vector<std::string>& hints,
                          const std::optional<std::string>& error, bool show_item,
-                         const std::vector<std::string>& dialog) {
+                         const std::vector<std::string>& dialog, const std::string& more_fields) {
   const bool loaded = show_item && !s.Form.item_kind.empty();
   const std::vector<std::string> status(s.Form.status_panels.begin(), s.Form.status_panels.end());
   std::string out = "{";
@@ -75,7 +75,7 @@ std::string WorkItemJson(const Session& s, const RichText& work_space,
     out += ", \"unknown\": " + JsonString(s.Unknown);
     out += ", \"answers\": " + JsonList(answers);
   }
-  return out + "}";
+  return out + more_fields + "}";
 }
 
 }  // namespace tavimor

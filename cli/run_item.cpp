@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "cli/cli_session.h"
+#include "cli/graph_view.h"
 #include "cli/json_output.h"
 #include "cli/system_view.h"
 #include "cli/tree_command.h"
@@ -133,8 +134,10 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
     // reported as this line's.
     ScopedOverride kept_kind(s.Form.item_kind);
     if (status != kExitOk) s.Form.item_kind.clear();
+    const std::string graph =
+        status == kExitOk && frontend.Graph() ? GraphJsonField(*frontend.Graph()) : "";
     out << WorkItemJson(s, frontend.WorkSpace(), frontend.Messages(), frontend.Hints(), error, true,
-                        frontend.DialogLines())
+                        frontend.DialogLines(), graph)
         << '\n';
   } else if (status == kExitOk) {
     bool started = false;  // the work space opens with a line end
@@ -153,7 +156,15 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       for (const std::string& line : RenderForTerminal(s, hint)) out << PrintableText(line) << '\n';
     }
     PrintSystemGrid(s, out);
+    if (frontend.Graph()) {
+      out << "Graph:\n";
+      for (const std::string& line : GraphSketchLines(s, *frontend.Graph())) {
+        out << "  " << line << '\n';
+      }
+    }
   }
+  // The picture --plot asked for could not be written (told on standard error).
+  if (!frontend.PlotError().empty() && status == kExitOk) status = kExitUsage;
   // A value evaluate asked for and nobody gave: a mistake on the command line.
   for (const std::string& letter : frontend.MissingValues()) {
     std::cerr << "tavimor-cli: evaluate needs a value for " << letter << ": give --values \""

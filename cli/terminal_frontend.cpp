@@ -6,6 +6,7 @@
 #include <cctype>
 #include <iostream>
 
+#include "cli/graph_view.h"
 #include "present/text_picture.h"
 
 namespace tavimor {
@@ -168,6 +169,19 @@ void TerminalFrontend::Reset() {
   dialog_lines_.clear();
   dialog_lines_printed_ = 0;
   answers_taken_ = 0;  // each item of a batch takes the given answers from the first
+  graph_.reset();
+  plot_error_.clear();
+}
+
+void TerminalFrontend::OpenGraphWindow(Session& s) {
+  graph_ = DrawGraphs(s, ReadGraphParms(s, s.GraphParms));
+  if (!plot_file_.empty() && !WriteGraphSvg(*graph_, plot_file_, plot_error_)) {
+    err_ << "tavimor-cli: " << plot_error_ << '\n';
+  }
+  if (live_) {
+    Flush();
+    for (const std::string& line : GraphSketchLines(s, *graph_)) out_ << line << '\n';
+  }
 }
 
 PauseInput TerminalFrontend::WaitButton(const std::string&, float, float) {

@@ -10,6 +10,8 @@
 
 #include "core/frontend.h"
 #include "core/session.h"
+#include "graph/draw_graphs.h"
+#include "graph/graph_window_host.h"
 #include "present/display_list.h"
 #include "present/rich_text.h"
 
@@ -34,7 +36,7 @@ bool ReadBoundedLine(std::istream& in, std::string& line, std::size_t max, bool&
 // end of the input.
 using LineSource = std::function<bool(const std::string& prompt, std::string& line)>;
 
-class TerminalFrontend : public Frontend {
+class TerminalFrontend : public Frontend, public GraphWindowHost {
  public:
   // With `live`, the work space is printed line by line as it is written and not kept, and
   // pauses and questions are asked on `in`; otherwise nothing waits, questions take their
@@ -66,6 +68,14 @@ class TerminalFrontend : public Frontend {
   void ShowHelp(int help_number) override;
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
   bool ShowFactorForm(const std::string& box, const std::string& caption) override;
+  // Draws the graph: kept for the JSON, written to the --plot file, sketched when live.
+  void OpenGraphWindow(Session& s) override;
+
+  // The file the picture of a graph is written to as SVG (--plot); empty for none.
+  void SetPlotFile(std::string path) { plot_file_ = std::move(path); }
+  // The graph drawn since the last Reset, and why its picture could not be written.
+  const std::optional<GraphPicture>& Graph() const { return graph_; }
+  const std::string& PlotError() const { return plot_error_; }
 
   // The figures the next significant-figures dialog takes (sig-figs N); else the live tutor
   // asks, and a one-shot run takes the dialog's start.
@@ -116,6 +126,9 @@ class TerminalFrontend : public Frontend {
   std::vector<std::string> missing_values_;
   LineSource line_source_;
   std::vector<std::string> refused_values_;
+  std::string plot_file_;
+  std::optional<GraphPicture> graph_;
+  std::string plot_error_;
   // Letters whose given value was refused: asked for at the prompt.
   std::vector<std::string> ask_again_;
   std::optional<int> figures_answer_;

@@ -16,6 +16,7 @@
 #include <iostream>
 
 #include "linsys/sys_eq_form.h"
+#include "qt/graph_form.h"
 #include "qt/main_window.h"
 #include "qt/sys_eq_form.h"
 
@@ -252,6 +253,17 @@ void QtFrontend::OpenSystemWindow(Session& s, SysEqState& state) {
     return;
   }
   SysEqForm form(window_, s, state);
+  form.exec();
+}
+
+void QtFrontend::OpenGraphWindow(Session& s) {
+  if (unattended_) {
+    for (const EquationRow& row : s.EquationList) {
+      Tell("graph window", row[0] + "=" + row[1] + " (kind " + row[3] + ")");
+    }
+    return;
+  }
+  GraphForm form(window_, s);
   form.exec();
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "core/frontend.h"
+#include "graph/graph_window_host.h"
 #include "qt/display_painter.h"
 #include "qt/number_tools_dialogs.h"
 
@@ -34,7 +35,7 @@ class PacingDialog : public QDialog {
   PauseInput input_ = PauseInput::Continue;
 };
 
-class QtFrontend : public Frontend {
+class QtFrontend : public Frontend, public GraphWindowHost {
  public:
   void SetWindow(MainWindow* window) { window_ = window; }
   // With nobody at the screen (a screenshot run), no modal form is shown: every question takes
@@ -59,6 +60,8 @@ class QtFrontend : public Frontend {
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
   bool ShowFactorForm(const std::string& box, const std::string& caption) override;
   void OpenSystemWindow(Session& s, SysEqState& state) override;
+  // The graph window, modal; it writes its settings back when it closes.
+  void OpenGraphWindow(Session& s) override;
 
  private:
   // The prime-factor dialog while it is open.

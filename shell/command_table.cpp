@@ -15,6 +15,7 @@
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/factor_command.h"
 #include "shell/commands/fraction_panel_command.h"
+#include "shell/commands/graph_command.h"
 #include "shell/commands/number_tools_command.h"
 #include "shell/commands/solve_system_command.h"
 #include "shell/evaluate_command.h"
@@ -162,7 +163,7 @@ const std::vector<CommandRow> kRows = {
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
   // Last on both panels it stands on.
   {"cmdGraph", On(kPanelEquation) | On(kPanelMultiEquations), "Graph", "Graph the equation",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"graph", "graph the equations"}, kNoWord, kNoFrame, nullptr, &cmdGraph},
   // The OK and Next buttons above the panels.
   {"cmdLoadEquation", 0, "OK", "Right click on OK or Next to first clear the workspace",
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},

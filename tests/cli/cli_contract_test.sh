@@ -203,7 +203,7 @@ contains "a refused batch line has no system of the line before" "$out" '"kind":
   '"grid": null, "system": null, "solution": null'
 out=$(printf 'x+y=3; x-y=1\nelim\nassist\nundo\nero R2-R1\nassist-all\nquit\n' | "$cli" 2>&1)
 contains "the interactive tutor drives the window" "$out" "     [1] x + 1 y =  3" \
-  "R2 - 1 * R1" "[Multi Eqns] commands: elim   (system window: ero TEXT, undo, assist" \
+  "R2 - 1 * R1" "[Multi Eqns] commands: elim, graph   (system window: ero TEXT, undo, assist" \
   "This form shows that the system of equations has a unique solution, namely:"
 
 # Solve.
@@ -502,5 +502,31 @@ contains "the tutor factors one step an Enter, and takes sig-figs N" "$out" \
   "[Number] commands: sig-figs, prime-factors" "[Enter: next factor   q: close]" \
   "The number -12 in factored form is -2 * 2 * 3" \
   "The number -12 expressed to 4 significant figures is -12.00"
+
+# Graphs: the JSON of the curves, the SVG of --plot, the sketch in braille dots.
+json=$("$cli" --json "y=1/x" graph 2>/dev/null)
+contains "json of a graph carries its window and sampled curve" "$json" \
+  '"graph": {"x": [-10, 10], "y": [-10, 10], "curves": [{"equation": "y=1/x", "kind": "1", "colour": "#ff0000", "points": [[-10, -0.1], ' \
+  ', null, '
+"$cli" --plot "$work/circle.svg" "r=2" graph >/dev/null 2>&1
+status=$?
+svg=$(cat "$work/circle.svg" 2>/dev/null)
+contains "plot writes the graph as SVG" "$svg" '<svg xmlns="http://www.w3.org/2000/svg" width="500" height="500"' \
+  '<polyline fill="none" stroke="#ff0000" stroke-width="2" points="'
+[ "$status" = 0 ] && echo "ok: plot exits 0" || { echo "FAIL: plot status $status"; failures=$((failures + 1)); }
+"$cli" --plot "$work/no/such/dir/x.svg" "y=x" graph >/dev/null 2>"$work/err"
+status=$?
+[ "$status" = 64 ] && echo "ok: a plot that cannot be written is a usage mistake" || { echo "FAIL: unwritable plot status $status"; failures=$((failures + 1)); }
+json=$("$cli" --json "x^2+y^2=4" graph 2>/dev/null)
+contains "json of an implicit curve lists it without points" "$json" \
+  '"curves": [{"equation": "x^2+y^2=4", "kind": "2", "colour": "#ff0000", "points": null}]'
+check "graph is not on offer for an expression" 3 "" \
+  "The command \"graph\" is not on offer now: its button is on the Equation panel." "2+2" graph
+json=$("$cli" --json "y=a*x" graph 2>/dev/null)
+contains "json of a refused graph has its message and no graph" "$json" \
+  '"messages": ["Error: Can'"'"'t graph y=a*x."]'
+case "$json" in *'"graph"'*) echo "FAIL: refused graph has a picture"; failures=$((failures + 1)) ;; *) echo "ok: refused graph has no picture" ;; esac
+out=$(printf 'y=x\ngraph\nquit\n' | "$cli" 2>"$work/err")
+contains "the tutor sketches the graph in braille dots" "$out" "x from -10 to 10, y from -10 to 10" "⠀"
 
 [ "$failures" -eq 0 ]

@@ -1,0 +1,48 @@
+// Drawing the whole graph: the frame first, then each equation's curve by its kind.
+#include "graph/draw_graphs.h"
+
+#include "core/number_text.h"
+#include "graph/classify_graphs.h"
+
+namespace tavimor {
+
+GraphPicture DrawGraphs(Session& s, const GraphParms& parms, const GraphTextMetrics& metrics) {
+  GraphPicture picture;
+  picture.margins = ComputePlotMargins(parms.width, parms.height);
+  picture.display.width = parms.width;
+  picture.display.height = parms.height;
+  const PlotMargins& m = picture.margins;
+  picture.mapping = SetGraphMapping(static_cast<float>(m.left), static_cast<float>(m.right),
+                                    static_cast<float>(m.bottom), static_cast<float>(m.top),
+                                    parms.xmin, parms.xmax, parms.ymin, parms.ymax);
+  if (parms.GridOn()) ShowGrid(picture.display, picture.mapping, parms);
+  if (parms.AxesOn()) ShowRulers(picture.display, metrics, picture.mapping, parms, s.Dp());
+  const std::vector<EquationRow>& rows = s.EquationList;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    GraphCurve curve;
+    curve.row = i;
+    curve.kind = rows[i][3];
+    curve.colour = static_cast<GraphColour>(SafeValue(s, rows[i][2]));
+    curve.equation = rows[i][0] + "=" + rows[i][1];
+    const bool pair = curve.kind == kGraphParametricX && i + 1 < rows.size();
+    if (curve.kind == kGraphExplicit) {
+      curve.samples = SampleExplicit(s, rows[i][1], parms.xmin, parms.xmax);
+    } else if (curve.kind == kGraphExplicitPolar) {
+      curve.samples = SampleExplicitPolar(s, rows[i][1]);
+    } else if (pair) {
+      curve.samples = SampleParametric(s, rows[i][1], rows[i + 1][1], parms.tmin, parms.tmax);
+      curve.equation += "; " + rows[i + 1][0] + "=" + rows[i + 1][1];
+      ++i;
+    } else {
+      picture.contours_left_out = true;
+    }
+    if (curve.samples) {
+      curve.segments_drawn = DrawCurve(picture.display, picture.mapping, *curve.samples,
+                                       curve.kind != kGraphExplicit, curve.colour, parms.thickness);
+    }
+    picture.curves.push_back(std::move(curve));
+  }
+  return picture;
+}
+
+}  // namespace tavimor

@@ -1,0 +1,43 @@
+// A whole graph: the frame and every curve of the work item's equations, as a display list, with
+// the sampled points of each curve.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "graph/curve_plot.h"
+#include "graph/display_list.h"
+#include "graph/graph_frame.h"
+#include "graph/graph_mapping.h"
+#include "graph/graph_parms.h"
+
+namespace tavimor {
+
+// One curve of the graph: the row of EquationList it starts at (0-based), its kind and colour,
+// and its sampled world points (none for the contour kinds, which are not drawn here).
+struct GraphCurve {
+  std::size_t row = 0;
+  std::string kind;
+  GraphColour colour = kGraphBlack;
+  std::string equation;  // "left=right", both rows of a pair joined by "; "
+  std::optional<CurveSamples> samples;
+  int segments_drawn = 0;
+};
+
+struct GraphPicture {
+  GraphMapping mapping;
+  PlotMargins margins;
+  DisplayList display;
+  std::vector<GraphCurve> curves;
+  // Whether some equation is of a contour kind, which this picture leaves out.
+  bool contours_left_out = false;
+};
+
+// Draws the classified equations of the work item under the settings: grid, rulers, curves.
+// Colours and kinds come from columns 3 and 4 of EquationList (see ClassifyGraphs).
+GraphPicture DrawGraphs(Session& s, const GraphParms& parms,
+                        const GraphTextMetrics& metrics = GraphTextMetrics{});
+
+}  // namespace tavimor
