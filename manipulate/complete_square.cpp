@@ -39,6 +39,12 @@ bool IsNegativeCoefficient(Session& s, const std::string& a) {
   return IsNegativeNumericText(s, a) || a.rfind('-', 0) == 0;
 }
 
+// The leading coefficient in front of the brackets: a negative number needs none there.
+std::string LeadingFactor(Session& s, const std::string& a) {
+  if (a.size() > 1 && a[0] == '-' && BracketIfNeeded(s, a.substr(1)) == a.substr(1)) return a;
+  return BracketIfNeeded(s, a);
+}
+
 // The record of the quadratic at a node, and its completed form; false when the node holds no
 // quadratic, or one the form would leave as it is.
 bool BuildRecord(Session& s, const std::string& found, bool whole, NodeIdx node,
@@ -52,7 +58,7 @@ bool BuildRecord(Session& s, const std::string& found, bool whole, NodeIdx node,
   const std::string small = SimplifyText(s, "(" + c + ")/(" + a + ")");
   const bool linear = big != "0";
   const bool leading = a != "1";
-  const std::string prefix = !leading ? "" : (a == "-1" ? "-(" : BracketIfNeeded(s, a) + "*(");
+  const std::string prefix = !leading ? "" : (a == "-1" ? "-(" : LeadingFactor(s, a) + "*(");
   auto wrap = [&](const std::string& inside) { return prefix + inside + (leading ? ")" : ""); };
 
   // x^2, B*x and C with the leading coefficient 1.
@@ -70,8 +76,7 @@ bool BuildRecord(Session& s, const std::string& found, bool whole, NodeIdx node,
 
   std::string completed;
   if (rest == "0") {
-    completed =
-        !leading ? square : (a == "-1" ? "-" + square : BracketIfNeeded(s, a) + "*" + square);
+    completed = !leading ? square : (a == "-1" ? "-" + square : LeadingFactor(s, a) + "*" + square);
   } else {
     completed = wrap(JoinTerms({square, rest}));
   }

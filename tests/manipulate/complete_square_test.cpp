@@ -88,6 +88,17 @@ TEST_F(CompletingTheSquare, NegativePerfectSquareIsTheTrinomialInTheBrackets) {
             "The result is the completed square form:");
 }
 
+TEST_F(CompletingTheSquare, NegativeLeadingNumberStandsWithoutBrackets) {
+  EXPECT_EQ(Complete("-3*x^2+6*x-3"), "-3*(x-1)^2");
+  EXPECT_EQ(Complete("-3*x^2+6*x+1"), "-3*((x-1)^2-4/3)");
+  EXPECT_EQ(Piece(3), "-3*(x^2-2*x-1/3)");
+}
+
+TEST_F(CompletingTheSquare, QuadraticInAPowerOfTheLetter) {
+  EXPECT_EQ(Complete("x^4+2*x^2+3"), "(x^2+1)^2+2");
+  EXPECT_EQ(Piece(19), "x^2");
+}
+
 TEST_F(CompletingTheSquare, FractionalHalfOfTheLinearCoefficient) {
   EXPECT_EQ(Complete("x^2+3*x+1"), "(x+3/2)^2-5/4");
   EXPECT_EQ(Piece(11), "9/4");
