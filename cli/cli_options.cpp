@@ -35,6 +35,16 @@ A set of equations is solved by elimination with the command elim; then
   ok          keeps an ERO on trial             continue    reads the reduced form
 The grid is printed after the work space (after each command in the tutor).
 
+An equation is solved by hand with both-sides OP [Q], one operation on both
+sides: swap, sin, cos, tan, arcsin, arccos, arctan, ln, log, e^, 10^, square,
+sqrt + or sqrt - (the sign taken on the right side), reciprocal, ^ Q (the Q'th
+power), root Q, + Q, - Q, * Q, / Q, subtract-right; for example
+  tavimor-cli "2x+3=7" both-sides - 3 both-sides / 2
+hint tells the next step solve would take, without taking it. A set of
+equations takes substitute (the others put into the last) and solve-all (every
+equation of the file given with --file, then of those typed, solved with the
+result only; the count and the time follow).
+
 Options:
   --json            Print one JSON object instead: kind, panel, left, right,
                     transcript (each picture as @mathematics@), help, status

@@ -16,6 +16,7 @@
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
+#include "shell/commands/both_sides_command.h"
 #include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
@@ -64,6 +65,7 @@ std::vector<std::string> AllWords() {
     }
   }
   for (const SystemWord& word : SystemWords()) words.emplace_back(word.word);
+  words.emplace_back(kBothSidesWord);
   for (const std::string& word : kSessionWords) words.push_back(word);
   return words;
 }
@@ -81,6 +83,10 @@ void PrintHelp(std::ostream& out) {
         std::string(word.word) + (word.argument ? std::string(" ") + word.argument : "");
     out << "  " << name << std::string(22 - name.size(), ' ') << word.what << '\n';
   }
+  out << "  both-sides OP [Q]     apply OP to both sides of the equation: swap, sin, cos, tan,\n"
+         "                        arcsin, arccos, arctan, ln, log, e^, 10^, square, sqrt + or\n"
+         "                        sqrt - (the sign of the right side), reciprocal, ^ Q, root Q,\n"
+         "                        + Q, - Q, * Q, / Q, subtract-right\n";
   out << "  status [N]            show the status bar, or click panel N (1 to 9)\n"
          "  clear                 clear the work space\n"
          "  list                  the problems of the file (--file), numbered\n"
@@ -171,7 +177,8 @@ class InteractiveTutor {
         Command(kFiguresWord);
         frontend_.SetFiguresAnswer(std::nullopt);
       }
-    } else if (FindCommandWord(line) != nullptr || IsSystemWord(line.substr(0, line.find(' ')))) {
+    } else if (FindCommandWord(line) != nullptr || IsSystemWord(line.substr(0, line.find(' '))) ||
+               line.substr(0, line.find(' ')) == kBothSidesWord) {
       Command(line);
     } else if (const std::string guess = GuessCommandWord(line, AllWords()); !guess.empty()) {
       std::cout << "Did you mean " << guess << "?  To load \"" << PrintableText(line)

@@ -1,6 +1,7 @@
 // Running an item and its command words, one line of a batch, and a whole batch file.
 #include "cli/run_item.h"
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <iostream>
@@ -8,6 +9,7 @@
 #include <string_view>
 
 #include "cli/cli_session.h"
+#include "cli/course_list.h"
 #include "cli/graph_view.h"
 #include "cli/json_output.h"
 #include "cli/system_view.h"
@@ -18,6 +20,7 @@
 #include "present/text_picture.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
+#include "shell/commands/both_sides_command.h"
 #include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 
@@ -41,6 +44,14 @@ bool RunWord(Session& s, const std::string& word, std::optional<std::string>& er
              std::string& refusal) {
   // A word of the open system window, with its argument after a blank.
   const std::size_t blank = word.find(' ');
+  // An operation on both sides, with its value.
+  if (word.substr(0, blank) == kBothSidesWord) {
+    std::string message;
+    const bool ran = RunBothSidesWord(s, blank == std::string::npos ? "" : word.substr(blank + 1),
+                                      message, refusal);
+    if (!message.empty()) error = message;
+    return ran;
+  }
   if (IsSystemWord(word.substr(0, blank))) {
     std::string argument = blank == std::string::npos ? "" : word.substr(blank + 1);
     std::string message;
@@ -49,6 +60,15 @@ bool RunWord(Session& s, const std::string& word, std::optional<std::string>& er
     return ran;
   }
   const CommandWord* entry = FindCommandWord(word, s.Form.visible_panel);
+  // The terminal has no equation box to pick from: the list that solve-all runs over is the
+  // problems of the open file, then the items typed since.
+  if (entry != nullptr && std::string_view(entry->button) == "MultiAutoSolve") {
+    std::vector<std::string> list = CourseProblems(s);
+    for (const std::string& typed : s.Form.equation_box_items) {
+      if (std::find(list.begin(), list.end(), typed) == list.end()) list.push_back(typed);
+    }
+    s.Form.equation_box_items = list;
+  }
   if (entry == nullptr) {
     refusal =
         "Unknown command \"" + PrintableText(word) + "\". 'tavimor-cli --help' lists the commands.";
@@ -106,6 +126,14 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
       std::string word = words[k];
       // "ero" takes the next word as its operation.
       if (word == "ero" && k + 1 < words.size()) word += " " + words[++k];
+      // "both-sides" takes the operation, and then its value or sign if it has one.
+      if (word == kBothSidesWord && k + 1 < words.size()) {
+        word += " " + words[++k];
+        const int more = BothSidesArguments(words[k]);
+        for (int taken = 0; taken < more && k + 1 < words.size(); ++taken) {
+          word += " " + words[++k];
+        }
+      }
       std::string refusal;
       // sig-figs N: the figures the dialog takes; a word that starts like a number is read as
       // the figures (and refused when it is not 1 to 20).

@@ -22,6 +22,7 @@
 
 #include "qt/display_painter.h"
 #include "qt/options_dialog.h"
+#include "qt/qt_frontend.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/file_commands.h"
@@ -355,6 +356,12 @@ void MainWindow::Press(const std::string& button, bool right_button) {
   std::string error;
   PressButton(s_, button, right_button, error);
   QApplication::restoreOverrideCursor();
+  // The dialog of operations on both sides is the window's own: it stays open beside it.
+  if (button == "cmdDoToEqn" && error.empty()) {
+    if (auto* frontend = dynamic_cast<QtFrontend*>(&s_.Screen()); frontend != nullptr) {
+      frontend->OpenBothSidesDialog(s_);
+    }
+  }
   SyncFromState();
 }
 
@@ -365,6 +372,9 @@ void MainWindow::ClickStatus(int panel) {
 
 void MainWindow::SyncFromState() {
   const FormState& form = s_.Form;
+  if (auto* frontend = dynamic_cast<QtFrontend*>(&s_.Screen()); frontend != nullptr) {
+    frontend->RefreshBothSidesDialog();
+  }
   setWindowTitle(QString::fromStdString(form.caption));
   panels_->setCurrentIndex(form.visible_panel < 0 ? 0 : form.visible_panel + 1);
   for (const auto& [panel, title] : panel_titles_) {

@@ -267,4 +267,19 @@ void QtFrontend::OpenGraphWindow(Session& s) {
   form.exec();
 }
 
+void QtFrontend::OpenBothSidesDialog(Session& s) {
+  if (both_sides_ == nullptr) {
+    both_sides_ = new BothSidesDialog(window_, s, [this] {
+      if (window_ != nullptr) window_->SyncFromState();
+    });
+  }
+  both_sides_->Refresh();
+  both_sides_->show();
+  both_sides_->raise();
+}
+
+void QtFrontend::RefreshBothSidesDialog() {
+  if (both_sides_ != nullptr) both_sides_->Refresh();
+}
+
 }  // namespace tavimor

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 #include <QPushButton>
 #include <memory>
 
 #include "core/frontend.h"
 #include "graph/graph_window_host.h"
+#include "qt/both_sides_dialog.h"
 #include "qt/display_painter.h"
 #include "qt/number_tools_dialogs.h"
 
@@ -37,6 +39,12 @@ class PacingDialog : public QDialog {
 
 class QtFrontend : public Frontend, public GraphWindowHost {
  public:
+  QtFrontend() = default;
+  QtFrontend(const QtFrontend&) = delete;
+  QtFrontend& operator=(const QtFrontend&) = delete;
+  ~QtFrontend() override {
+    if (both_sides_ != nullptr && both_sides_->parent() == nullptr) delete both_sides_.data();
+  }
   void SetWindow(MainWindow* window) { window_ = window; }
   // With nobody at the screen (a screenshot run), no modal form is shown: every question takes
   // its default answer, and messages, hints and questions are written to standard error.
@@ -62,10 +70,17 @@ class QtFrontend : public Frontend, public GraphWindowHost {
   void OpenSystemWindow(Session& s, SysEqState& state) override;
   // The graph window, modal; it writes its settings back when it closes.
   void OpenGraphWindow(Session& s) override;
+  // Opens the modeless dialog of operations on both sides, or brings it forward.
+  void OpenBothSidesDialog(Session& s);
+  // The dialog of operations on both sides while it exists, and its field Q brought in line.
+  BothSidesDialog* BothSides() const { return both_sides_.data(); }
+  void RefreshBothSidesDialog();
 
  private:
   // The prime-factor dialog while it is open.
   std::unique_ptr<FactorForm> factor_form_;
+  // Owned by the window it stands over (deleted with it), else by this front end.
+  QPointer<BothSidesDialog> both_sides_;
   MainWindow* window_ = nullptr;
   QtFontMetrics metrics_;
   bool unattended_ = false;

@@ -12,13 +12,16 @@
 #include "shell/command_frame.h"
 #include "shell/commands/add_fractions_command.h"
 #include "shell/commands/auto_solve_command.h"
+#include "shell/commands/both_sides_command.h"
 #include "shell/commands/brackets_command.h"
 #include "shell/commands/complete_square_command.h"
+#include "shell/commands/equation_set_commands.h"
 #include "shell/commands/factor_command.h"
 #include "shell/commands/fraction_panel_command.h"
 #include "shell/commands/graph_command.h"
 #include "shell/commands/number_tools_command.h"
 #include "shell/commands/solve_system_command.h"
+#include "shell/commands/solving_hint_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -137,14 +140,14 @@ const std::vector<CommandRow> kRows = {
    {"solve", "solve step by step"}, kNoWord, kNoFrame, nullptr, &AutoSolveCommand},
   {"cmdDoToEqn", On(kPanelEquation), "Do to both sides",
    "Perform an (identical) operation on both sides of the equation",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   kNoWord, kNoWord, kNoFrame, nullptr, &cmdDoToEqn},
   {"cmdDoLHS", On(kPanelEquation), "Left side", "Manipulate the left side of the equation",
    {"left", "work on the left side"}, kNoWord, kNoFrame, nullptr, &LeftSideButton},
   {"cmdDoRHS", On(kPanelEquation), "Right side", "Manipulate the right side of the equation",
    {"right", "work on the right side"}, kNoWord, kNoFrame, nullptr, &RightSideButton},
   {"cmdSolvingHint", On(kPanelEquation), "Solving hint",
    "Tell what the next step is in solving the equation",
-   {"hint", "the next step of solving"}, kNoWord, kNoFrame, nullptr, nullptr},
+   {"hint", "the next step of solving"}, kNoWord, kNoFrame, nullptr, &cmdSolvingHint},
   // The Fraction panel.
   {"cmdSimplifyFraction", On(kPanelFraction), "Simplify fraction",
    "Reduce a fraction to lowest terms", {"reduce", "reduce the fraction to lowest terms"},
@@ -153,7 +156,8 @@ const std::vector<CommandRow> kRows = {
    {"add-fractions", "add the fractions"}, kNoWord, kNoFrame, nullptr, &cmdAddFractions},
   // The panel of a set of equations.
   {"MultiAutoSolve", On(kPanelMultiEquations), "Auto solve all", "",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"solve-all", "solve every equation of the list, the result only"}, kNoWord, kNoFrame,
+   nullptr, &MultiAutoSolve},
   {"cmdSolveByElim", On(kPanelMultiEquations), "By elimination",
    "Solve the system of equations by Gaussian elimination",
    {"elim", "solve the system by elimination"}, kNoWord, kNoFrame, nullptr, &cmdSolveByElim},
@@ -161,7 +165,8 @@ const std::vector<CommandRow> kRows = {
    "Solve the system of equations by substitution", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
   {"cmdSubstitute", On(kPanelMultiEquations), "Substitute",
    "Substitute the other equations into the last equation",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"substitute", "substitute the other equations into the last"}, kNoWord, kNoFrame, nullptr,
+   &cmdSubstitute},
   // Last on both panels it stands on.
   {"cmdGraph", On(kPanelEquation) | On(kPanelMultiEquations), "Graph", "Graph the equation",
    {"graph", "graph the equations"}, kNoWord, kNoFrame, nullptr, &cmdGraph},

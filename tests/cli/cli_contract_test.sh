@@ -203,7 +203,7 @@ contains "a refused batch line has no system of the line before" "$out" '"kind":
   '"grid": null, "system": null, "solution": null'
 out=$(printf 'x+y=3; x-y=1\nelim\nassist\nundo\nero R2-R1\nassist-all\nquit\n' | "$cli" 2>&1)
 contains "the interactive tutor drives the window" "$out" "     [1] x + 1 y =  3" \
-  "R2 - 1 * R1" "[Multi Eqns] commands: elim, graph   (system window: ero TEXT, undo, assist" \
+  "R2 - 1 * R1" "[Multi Eqns] commands: solve-all, elim, substitute, graph   (system window: ero TEXT, undo, assist" \
   "This form shows that the system of equations has a unique solution, namely:"
 
 # Solve.
@@ -539,5 +539,60 @@ contains "json of a refused graph has its message and no graph" "$json" \
 case "$json" in *'"graph"'*) echo "FAIL: refused graph has a picture"; failures=$((failures + 1)) ;; *) echo "ok: refused graph has no picture" ;; esac
 out=$(printf 'y=x\ngraph\nquit\n' | "$cli" 2>"$work/err")
 contains "the tutor sketches the graph in braille dots" "$out" "x from -10 to 10, y from -10 to 10" "⠀"
+
+# An equation solved by hand, one operation on both sides at a time.
+json=$("$cli" --json "2x+3=7" both-sides - 3 both-sides / 2 2>/dev/null)
+contains "both-sides subtracts and divides, each step with its simplification" "$json" \
+  '"left": "x"' '"right": "2"' 'Subtracting @3@ from both sides yields:' \
+  'Dividing both sides by @2@ yields:' 'Simplifying this yields:' '"help": 144' '"error": null'
+json=$("$cli" --json "x^2=9" both-sides sqrt - 2>/dev/null)
+contains "both-sides sqrt takes the sign of the right side" "$json" '"right": "-3"' \
+  'Taking the square root of both sides and using the - sign on the right side yields:'
+json=$("$cli" --json "5=x" both-sides swap 2>/dev/null)
+contains "both-sides swap exchanges the sides in one step" "$json" '"left": "x"' '"right": "5"' \
+  'Swapping sides yields:'
+check "both-sides refuses a value that is an equation with the dialog's message" 3 "" \
+  "The textbox for Q must contain a valid expression, not an equation" "2x=4" both-sides / "x=1"
+check "both-sides refuses an empty value" 3 "" \
+  "The textbox for Q must contain a valid expression" "2x=4" both-sides "*"
+check "both-sides refuses a value the input check refuses, with its message" 3 "" \
+  "Error in input string.  Unmatched brackets." \
+  "2x=4" both-sides + "(x"
+check "both-sides needs an equation" 3 "" \
+  "both-sides works on an equation: load one first." "x+1" both-sides swap
+out=$("$cli" "2x=4" both-sides frob 2>&1 >/dev/null)
+contains "both-sides names its operations when one is unknown" "$out" "swap" "subtract-right" \
+  "for example both-sides + 3"
+printf '2x+3=7\tboth-sides - 3 both-sides / 2\n' > "$work/both.txt"
+out=$("$cli" --json --batch "$work/both.txt" 2>/dev/null)
+contains "batch takes both-sides with its operation and value as the next words" "$out" \
+  '"left": "x"' '"right": "2"'
+out=$(printf '2x+3=7\nboth-sides - 3\nhint\nquit\n' | "$cli" 2>"$work/err")
+contains "the tutor takes both-sides and hint on a line" "$out" \
+  "Subtracting 3 from both sides yields:" "Hint:" "Simplify by dividing both sides through by"
+
+# Hints, and sets of equations.
+json=$("$cli" --json "2x+3=7" hint 2>/dev/null)
+contains "hint carries the next step in --json and leaves the equation" "$json" \
+  '"hints": ["Simplify by dividing both sides through by the common factor @2@ .\n"]' '"left": "2*x+3"' \
+  '"right": "7"' '"error": null'
+json=$("$cli" --json "y=2; x+y=5" substitute 2>/dev/null)
+contains "substitute puts the other equations into the last" "$json" '"kind": "equation"' \
+  '"panel": "Equation"' '"left": "x+(2)"' '"right": "5"' 'Substituting' '@y->2@' \
+  'into the equation @x+y=5@ yields'
+json=$("$cli" --json "y=2; x+z=5" substitute 2>/dev/null)
+contains "substitute tells when nothing was substituted" "$json" \
+  '"messages": ["No substitutions were found"]'
+json=$("$cli" --json "y=2; x+y" substitute 2>/dev/null)
+contains "substitute refuses a set whose last item is no equation" "$json" \
+  '"messages": ["Error: The right side of a substitution must be an expression"]'
+printf 'Topic:Linear\r\nSubTop:One step\r\nEqn:x+1=3\r\nComment:\r\nEqn:x^2+x\r\nComment:\r\nEqn:2x=8\r\nComment:\r\n' > "$work/list.txt"
+json=$("$cli" --json --file "$work/list.txt" "x+y=3; x-y=1" solve-all 2>/dev/null)
+contains "solve-all solves the equations of the file with the result only" "$json" \
+  "Solving this equation yields the solution:" '@x=2@' '@x=4@' \
+  '"messages": ["time taken for 2 equations was '
+out=$(printf '3x=9\nx=1;y=2\nsolve-all\nquit\n' | "$cli" --file "$work/list.txt" 2>&1)
+contains "the tutor's solve-all takes the problems of the file and those typed" "$out" \
+  "time taken for 3 equations was"
 
 [ "$failures" -eq 0 ]

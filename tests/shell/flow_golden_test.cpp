@@ -14,7 +14,9 @@
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
 // (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause";
-// "solver-hint" runs the solver on the equation for its first step as a hint.
+// "solver-hint" runs the solver on the equation for its first step as a hint; "both-sides OP [Q]"
+// applies an operation to both sides as the terminal tutor's word does (a refusal is listed with
+// the messages); "load TEXT" loads a further item as OK does.
 // TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
 #include <gtest/gtest.h>
 
@@ -32,6 +34,7 @@
 #include "present/work_space.h"
 #include "shell/buttons.h"
 #include "shell/command_frame.h"
+#include "shell/commands/both_sides_command.h"
 #include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
@@ -146,6 +149,11 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     ScopedOverride hint(s.HintState, std::int16_t{1});
     std::string answers;
     AutoSolve(s, s.Pool[kLeftRoot].Text + "=" + s.Pool[kRightRoot].Text, s.Unknown, answers);
+  } else if (verb == "load") {
+    cmdLoadEquation(s, rest, false);
+  } else if (verb == kBothSidesWord) {
+    std::string refusal;
+    if (!RunBothSidesWord(s, rest, error, refusal)) frontend.messages.push_back({refusal, 0, {}});
   } else if (verb == "click") {
     ClickStatusPanel(s, std::stoi(rest));
   } else if (verb == "answer") {
@@ -186,7 +194,12 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   if (!out.empty() && out.back() != '\n') out += "\n";
   out += "--- after\n";
   for (const RecordedMessage& m : frontend.messages) {
-    out += "message: " + m.text + " (help " + std::to_string(m.help_number) + ")\n";
+    // The time a run over the whole list took is no part of what is compared.
+    std::string text = m.text;
+    if (const std::size_t was = text.rfind(" equations was "); was != std::string::npos) {
+      text = text.substr(0, was) + " equations was (the time)";
+    }
+    out += "message: " + text + " (help " + std::to_string(m.help_number) + ")\n";
   }
   for (const std::string& h : frontend.hints) out += "hint: " + h + "\n";
   for (const std::string& p : frontend.pauses) out += "pause: \"" + p + "\"\n";
