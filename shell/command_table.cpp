@@ -25,6 +25,7 @@
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
+#include "simplify/trig_identities.h"
 
 namespace tavimor {
 
@@ -58,6 +59,29 @@ bool CombineLogsEngine(Session& s, NodeIdx side, bool) {
       s, side, input, simplified,
       SimplifiedInsteadNote(input, simplified, "There are no logarithms that can be combined."));
   return false;
+}
+// Break apart trig and Combine trig: the simplify loop with the rules of their mode. A side that
+// only the rules of Simplify change is told so in a note, and stays as it was input.
+bool TrigEngine(Session& s, NodeIdx side, std::int16_t mode, const char* nothing) {
+  const std::string input = s.Pool[side].Text;
+  std::string simplified;
+  std::string in_mode;
+  {
+    ScopedOverride plain(s.TrigMode, kTrigSimplify);
+    simplified = SimplifyText(s, input);
+  }
+  ScopedOverride trig(s.TrigMode, mode);
+  in_mode = SimplifyText(s, input);
+  if (in_mode != simplified) return SimplifySide(s, side);
+  TellSimplifiedInstead(s, side, input, simplified,
+                        SimplifiedInsteadNote(input, simplified, nothing));
+  return false;
+}
+bool BreakApartTrigEngine(Session& s, NodeIdx side, bool) {
+  return TrigEngine(s, side, kTrigBreakApart, "There are no trig functions to break apart.");
+}
+bool CombineTrigEngine(Session& s, NodeIdx side, bool) {
+  return TrigEngine(s, side, kTrigCombine, "There are no trig functions to combine.");
 }
 std::string EvaluateButton(Session& s, bool) { return cmdEvaluate(s); }
 std::string LeftSideButton(Session& s, bool) {
@@ -113,12 +137,12 @@ const std::vector<CommandRow> kRows = {
    "Apply trig identities to break down trig expressions",
    {"break-trig", "break apart trig functions"}, kNoWord,
    {"Break apart trig", "There are no trig functions to break apart",
-    "Breaking apart trig functions", "Error in Simplify."}, nullptr, nullptr},
+    "Breaking apart trig functions", "Error in Simplify."}, &BreakApartTrigEngine, nullptr},
   {"cmdCombineTrig", On(kPanelExpression), "Combine trig",
    "Apply trig identities to combine trig expressions",
    {"combine-trig", "combine trig functions"}, kNoWord,
    {"Combine trig", "There are no trig functions to combine", "Combining trig functions",
-    "Error in Simplify."}, nullptr, nullptr},
+    "Error in Simplify."}, &CombineTrigEngine, nullptr},
   {"cmdUFOO", On(kPanelExpression), "Useful form of one",
    "Multiply the numerator and denominator by the same quantity",
    kNoWord, kNoWord, kNoFrame, nullptr, nullptr},

@@ -24,6 +24,7 @@
 #include "simplify/power_rules.h"
 #include "simplify/product_rules.h"
 #include "simplify/radical_rules.h"
+#include "simplify/trig_identities.h"
 
 namespace tavimor {
 
@@ -67,6 +68,11 @@ const std::vector<PassRow> kPasses = {
      Where::Variable,  // e, p, d as numbers
      {&ConstantToNumber}},
     {9, Where::Number, {&DropPlusOnNumber}},  // +2 -> 2
+    {10,
+     Where::Any,  // trig identities; TrigMode says which may fire
+     {&TrigOfNegative, &TrigAngleShift, &EliminateReciprocalTrig, &BreakApartAngles,
+      &SplitDoubleAngle, &ExpandHalfAngle, &BreakApartTanCot, &CombineToTangent, &PythagorasInTerm,
+      &PythagorasInSum, &CombineAngles, &CombinePhasor, &CombineDoubleCos, &CombineDoubleSine}},
 };
 
 bool Matches(const Session& s, NodeIdx n, Where where) {

@@ -93,6 +93,14 @@ out=$("$cli" --json "ln(x)*ln(y)+2*3" combine-logs 2>/dev/null)
 contains "combine-logs tells in a note what Simplify would do instead" "$out" \
   '"left": "ln(x)*ln(y)+2*3"' "There are no logarithms that can be combined." \
   "@ln(x)*ln(y)+2*3->ln(x)*ln(y)+6@"
+check "break-trig without a trig function is not on offer" 3 "" \
+  "The command \"break-trig\" is not on offer now." "x+1" break-trig
+out=$("$cli" --json "3*sin(x)+4*cos(x)" combine-trig 2>/dev/null)
+contains "combine-trig makes a sine with a phase angle" "$out" \
+  '"left": "5*sin(arctan(4/3)+x)"' "Combine the sin and the cos into a sin with a phase angle."
+out=$("$cli" --json "sin(-x)*2*3" break-trig 2>/dev/null)
+contains "break-trig tells in a note what Simplify would do instead" "$out" \
+  '"left": "sin(-x)*2*3"' "There are no trig functions to break apart." "@sin(-x)*2*3->-6*sin(x)@"
 check "simplify shows its steps in a stream" 0 "Consider  the expression  x + x
 Simplify the sum x + x by:
    - combining like terms x + x  →  2x .
