@@ -101,6 +101,16 @@ bool FactorPolynomial(Session& s, const std::string& part, FactorFinding& found)
 bool QuadraticCoefficients(Session& s, const std::string& text, std::string& letter, std::string& a,
                            std::string& b, std::string& c);
 
+// x*y with the factor 1 or -1 left out and x bracketed where needed.
+std::string CoefficientTimes(Session& s, const std::string& x, const std::string& y);
+// a*x^2+b*x+c written out with the terms that are there.
+std::string StandardForm(Session& s, const std::string& x, const std::string& a,
+                         const std::string& b, const std::string& c);
+// (x+h) with the sign of h joined straight on; x alone for h "0".
+std::string Shifted(const std::string& x, const std::string& h);
+// -(text), simplified.
+std::string Negated(Session& s, const std::string& text);
+
 // A quadratic whose discriminant is 0 as a*(x+h)^2, the leading factor kept outside the
 // brackets ("(x+h)^2" when it is 1); false for anything else.
 bool PerfectSquareOfQuadratic(Session& s, const std::string& text, std::string& square);

@@ -102,22 +102,22 @@ bool QuadraticIn(Session& s, const std::vector<SignedTerm>& terms, const std::st
   return a != "0";
 }
 
-std::string Times(Session& s, const std::string& x, const std::string& y) {
+}  // namespace
+
+std::string CoefficientTimes(Session& s, const std::string& x, const std::string& y) {
   if (x == "1") return y;
   if (x == "-1") return "-" + y;
   return BracketIfNeeded(s, x) + "*" + y;
 }
 
-// a*x^2+b*x+c written out with the terms that are there.
 std::string StandardForm(Session& s, const std::string& x, const std::string& a,
                          const std::string& b, const std::string& c) {
-  std::vector<std::string> terms{SimplifyText(s, Times(s, a, BaseText(s, x) + "^2"))};
-  if (b != "0") terms.push_back(SimplifyText(s, Times(s, b, x)));
+  std::vector<std::string> terms{SimplifyText(s, CoefficientTimes(s, a, BaseText(s, x) + "^2"))};
+  if (b != "0") terms.push_back(SimplifyText(s, CoefficientTimes(s, b, x)));
   if (c != "0") terms.push_back(c);
   return JoinTerms(terms);
 }
 
-// (x+h) with the sign of h joined straight on.
 std::string Shifted(const std::string& x, const std::string& h) {
   if (h == "0") return x;
   return JoinTerms({x, h});
@@ -126,6 +126,8 @@ std::string Shifted(const std::string& x, const std::string& h) {
 std::string Negated(Session& s, const std::string& text) {
   return SimplifyText(s, "-(" + text + ")");
 }
+
+namespace {
 
 bool IsPlain(const std::string& root) {
   return root.find("sqrt(") == std::string::npos && root.find("^(") == std::string::npos;
@@ -142,7 +144,7 @@ bool PerfectSquareForm(Session& s, const std::string& part, const std::string& x
   }
   const std::string r = SquareRootOfExpression(s, a);
   if (!IsPlain(r)) return false;
-  const std::string rx = SimplifyText(s, Times(s, r, x));
+  const std::string rx = SimplifyText(s, CoefficientTimes(s, r, x));
   const std::string h = SimplifyText(s, "(" + b + ")/(2*(" + r + "))");
   const std::string square = "(" + JoinTerms({rx, h}) + ")^2";
   const std::string inner = StandardForm(s, x, a, b, c);
@@ -206,7 +208,7 @@ bool GroupingForm(Session& s, const std::string& x, long long a, long long b, lo
   for (const long long r : {(b + root) / 2, (b - root) / 2}) {
     const long long t = b - r;
     auto term = [&](long long k, const std::string& power) {
-      return SimplifyText(s, Times(s, std::to_string(k), power));
+      return SimplifyText(s, CoefficientTimes(s, std::to_string(k), power));
     };
     const std::string first = JoinTerms({term(a, square), term(r, x)});
     const std::string second = JoinTerms({term(t, x), std::to_string(c)});
@@ -304,11 +306,13 @@ bool QuadraticCoefficients(Session& s, const std::string& text, std::string& let
     if (IsConstantLetter(s, x)) continue;
     std::string variable;
     if (QuadraticIn(s, terms, x, variable, a, b, c)) {
-      // The coefficients must be free of the letter.
-      if (a.find(x) != std::string::npos || b.find(x) != std::string::npos ||
-          c.find(x) != std::string::npos) {
-        continue;
-      }
+      // The coefficients must be free of the letter (as a letter: the t of sqrt is none).
+      auto mentions = [&](const std::string& coefficient) {
+        if (coefficient.find(x) == std::string::npos) return false;
+        TempTree tree(s, coefficient, TempTree::Depth::Whole);
+        return !FindOccurrences(s, x, tree.Root()).empty();
+      };
+      if (mentions(a) || mentions(b) || mentions(c)) continue;
       letter = variable;
       return true;
     }
@@ -354,7 +358,7 @@ bool PerfectSquareOfQuadratic(Session& s, const std::string& text, std::string& 
   if (!QuadraticCoefficients(s, text, x, a, b, c) || b == "0") return false;
   if (ExpandedText(s, "(" + b + ")*(" + b + ")-4*(" + a + ")*(" + c + ")") != "0") return false;
   const std::string h = SimplifyText(s, "(" + b + ")/(2*(" + a + "))");
-  square = Times(s, a, "(" + Shifted(x, h) + ")^2");
+  square = CoefficientTimes(s, a, "(" + Shifted(x, h) + ")^2");
   return true;
 }
 

@@ -30,10 +30,12 @@ class FixedMetrics : public FontMetrics {
 };
 
 enum class ItemKind {
-  Text,     // `text` with its baseline at (x, y)
-  Rule,     // a line from (x, y) to (x2, y2)
-  Bracket,  // a curve from (x, y) down to (x, y2), `width` wide, opening to the right if `left`
-  Radical,  // a root sign from (x, y2) up to (x + width, y), its bar running on to x2
+  Text,      // `text` with its baseline at (x, y)
+  Rule,      // a line from (x, y) to (x2, y2)
+  Bracket,   // a curve from (x, y) down to (x, y2), `width` wide, opening to the right if `left`
+  Radical,   // a root sign from (x, y2) up to (x + width, y), its bar running on to x2
+  Polyline,  // a line through `points` (x, y pairs), `width` thick
+  Dot,       // a filled disc at (x, y), `width` across
 };
 
 struct DisplayItem {
@@ -47,6 +49,8 @@ struct DisplayItem {
   std::string text;
   Face face = Face::Text;
   float size = 12.0f;
+  std::vector<float> points;  // a Polyline's corners: x0, y0, x1, y1, ...
+  int colour = -1;            // a colour number of the platform's 16; -1 the drawing's own
 };
 
 // A whole drawing: its box, the baseline from its top, and the items in its coordinates.

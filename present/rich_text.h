@@ -54,6 +54,9 @@ struct Picture {
   // For a front end that paints no drawings: the sides already set as text, where the typesetter
   // could set them; the rest is set when the picture is shown.
   std::shared_ptr<const TextSides> text;
+  // A small graph rather than typeset mathematics: its lines as characters, for a front end that
+  // paints no drawings (empty for mathematics).
+  std::vector<std::string> sketch;
 
   // The mathematics as text, as the work space keeps it hidden behind the picture.
   std::string Mathematics() const;

@@ -434,6 +434,17 @@ std::string Utf8(const std::u32string& text) {
 }
 
 TextBlock TextPicture(Session& s, const Picture& picture) {
+  if (!picture.sketch.empty()) {
+    TextBlock block;
+    std::size_t width = 0;
+    for (const std::string& row : picture.sketch) {
+      block.rows.push_back(Utf32(row));
+      width = std::max(width, block.rows.back().size());
+    }
+    for (std::u32string& row : block.rows) row.resize(width, U' ');
+    block.baseline = static_cast<int>(block.rows.size()) / 2;
+    return block;
+  }
   const TextSides* sides = picture.text.get();
   const TextSide* left = sides != nullptr ? &sides->left : nullptr;
   if (!IsRelationCode(picture.relation)) return SideBlock(s, picture.left, sides, left);

@@ -3,6 +3,9 @@
 
 #include <QFontMetricsF>
 #include <QPainterPath>
+#include <QPolygonF>
+
+#include "present/rich_text.h"
 
 namespace tavimor {
 
@@ -17,6 +20,12 @@ QFont UnitFont(Face face = Face::Text) {
   font.setPixelSize(kUnitFontPixels);
   font.setItalic(face == Face::Italic);  // letters are set in italic
   return font;
+}
+
+// An item's own colour, one of the platform's 16, or the drawing's.
+QColor ItemColour(const DisplayItem& item, const QColor& drawing) {
+  if (item.colour < 0 || item.colour > 15) return drawing;
+  return QColor::fromRgb(kQBColors[static_cast<std::size_t>(item.colour)]);
 }
 
 }  // namespace
@@ -100,6 +109,27 @@ void PaintDrawing(QPainter& painter, const Drawing& drawing, QPointF origin, qre
         painter.setPen(root);
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(path);
+        painter.setPen(pen);
+        break;
+      }
+      case ItemKind::Polyline: {
+        QPolygonF line;
+        for (std::size_t i = 0; i + 1 < item.points.size(); i += 2)
+          line << QPointF(item.points[i], item.points[i + 1]);
+        QPen stroke(ItemColour(item, colour));
+        stroke.setWidthF(std::max(0.6f, item.width));
+        stroke.setJoinStyle(Qt::RoundJoin);
+        painter.setPen(stroke);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPolyline(line);
+        painter.setPen(pen);
+        break;
+      }
+      case ItemKind::Dot: {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ItemColour(item, colour));
+        painter.drawEllipse(QPointF(item.x, item.y), item.width / 2, item.width / 2);
+        painter.setBrush(Qt::NoBrush);
         painter.setPen(pen);
         break;
       }

@@ -13,6 +13,7 @@
 #include "shell/commands/add_fractions_command.h"
 #include "shell/commands/auto_solve_command.h"
 #include "shell/commands/brackets_command.h"
+#include "shell/commands/complete_square_command.h"
 #include "shell/commands/factor_command.h"
 #include "shell/commands/fraction_panel_command.h"
 #include "shell/commands/number_tools_command.h"
@@ -103,7 +104,7 @@ const std::vector<CommandRow> kRows = {
    "Convert the expression to completed square form",
    {"complete-square", "complete the square"}, kNoWord,
    {"Complete the square", "There is nothing to convert to completed square form",
-    "Completing the square", "Error in Complete the Square."}, nullptr, nullptr},
+    "Completing the square", "Error in Complete the Square."}, nullptr, &cmdCSExpr},
   {"cmdExpandTrig", On(kPanelExpression), "Break apart trig",
    "Apply trig identities to break down trig expressions",
    {"break-trig", "break apart trig functions"}, kNoWord,

@@ -76,8 +76,8 @@ check "an unknown command exits 3" 3 "" \
 check "a command whose button is on another panel exits 3" 3 "" \
   "The command \"left\" is not on offer now: its button is on the Equation panel." "x" left
 check "a command still to come exits 3" 3 "" \
-  "The command \"complete-square\" is not available yet: its part of the tutor has not been built." \
-  "x+x" complete-square
+  "The command \"break-trig\" is not available yet: its part of the tutor has not been built." \
+  "sin(x)+x" break-trig
 check "combine-logs makes one logarithm" 0 "Consider  the expression  ln(a) + ln(b)
 Make ln(a) + ln(b) into one logarithm by:
    - using property 1 of logarithms to convert ln(a) + ln(b)  →  ln(ab) .
@@ -262,8 +262,19 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, brackets, evaluate, equation" \
+  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, complete-square, brackets, evaluate, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
+# Complete the square from the terminal: the steps, the result in --json, nothing to convert.
+out=$("$cli" "x^2+6*x+2" complete-square 2>&1)
+contains "complete-square tells its steps" "$out" \
+  "to completed square form by following these steps:" \
+  "   - Call this quantity Q.  Add and subtract Q, like this:"
+out=$("$cli" --json "x^2+6*x+2" complete-square 2>&1)
+contains "complete-square with json leaves the completed square" "$out" '"left": "(x+3)^2-7"' \
+  '"help": 69'
+out=$("$cli" "x^3+x" complete-square 2>&1)
+contains "complete-square with no quadratic says so" "$out" \
+  "There is nothing to convert to completed square form."
 # Add fractions from the terminal: the steps, and the single fraction in --json.
 out=$("$cli" "1/x+1/(x+1)" add-fractions 2>&1)
 contains "add-fractions tells its steps" "$out" "into one fraction by following these steps:" \
@@ -272,7 +283,7 @@ out=$("$cli" --json "1/x+1/(x+1)" add-fractions 2>&1)
 contains "add-fractions with json leaves one fraction" "$out" '"left": "(2*x+1)/x/(x+1)"' '"help": 291'
 out=$("$cli" "x^2+1" add-fractions 2>&1)
 contains "add-fractions with no fractions says so" "$out" "There are no fractions to combine."
-out=$(printf 'x+x\ncomplete-square\nquit\n' | "$cli" 2>"$work/err")
+out=$(printf 'sin(x)+x\nbreak-trig\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor says what is still to come" "$err" "is not available yet"
 

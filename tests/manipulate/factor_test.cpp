@@ -190,6 +190,17 @@ TEST_F(Factoring, NothingInALetterOrANumber) {
   EXPECT_EQ(Factor("12"), "");
 }
 
+TEST_F(Factoring, QuadraticCoefficientsMayHoldTheLetterInsideAFunctionName) {
+  std::string t = "t";
+  std::string a;
+  std::string b;
+  std::string c;
+  ASSERT_TRUE(QuadraticCoefficients(s, "t^2-6*t+sqrt(2)", t, a, b, c));
+  EXPECT_EQ(a, "1");
+  EXPECT_EQ(b, "-6");
+  EXPECT_EQ(c, "sqrt(2)");
+}
+
 TEST_F(Factoring, QuadraticCoefficientsOfAQuadraticInALetter) {
   std::string x;
   std::string a;
