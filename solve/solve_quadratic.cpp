@@ -2,16 +2,22 @@
 // a x^2 + b x + c = 0 by factoring, by the formula, by completing the square or by graphing.
 #include "solve/solve_quadratic.h"
 
+#include <cmath>
+#include <vector>
+
 #include "core/frontend.h"
 #include "core/pieces.h"
 #include "core/scoped_override.h"
 #include "core/text_predicates.h"
 #include "manipulate/add_fractions.h"
+#include "manipulate/complete_square.h"
 #include "manipulate/factor.h"
 #include "manipulate/polynomial.h"
 #include "present/work_space.h"
 #include "simplify/simplify_driver.h"
 #include "solve/equation_moves.h"
+#include "solve/parabola_sketch.h"
+#include "solve/polynomial_view.h"
 #include "solve/solve_linear.h"
 #include "solve/solver_writes.h"
 
@@ -120,14 +126,19 @@ class QuadraticSolve {
       : s_(s), run_(run), quad_coef_(quad_coef), x_(run.Unknown) {
     method_ = s.QuadraticMethod;
     if (method_ < kByFactoring || method_ > kByGraphing) method_ = kByFormula;
-    // Completing the square comes with its own engine; until then the formula tells it.
-    if (method_ == kByCompletingSquare) method_ = kByFormula;
   }
 
   bool Run() {
+    if (method_ == kByCompletingSquare && !PrepareSquare()) method_ = kByFormula;
     const std::string phrase = QuadraticMethodPhrase(method_);
-    must_transpose_ = run_.SavedRight != "0";
-    if (must_transpose_) {
+    if (method_ == kByCompletingSquare) {
+      if (must_transpose_ || must_divide_) {
+        if (SquarePreparation(phrase)) return true;
+      }
+    } else {
+      must_transpose_ = run_.SavedRight != "0";
+    }
+    if (must_transpose_ && method_ != kByCompletingSquare) {
       const std::string text =
           "This is a quadratic equation.  It can be solved " + phrase + ".||" +
           "First put it into standard form.  Transpose (add or subtract) all terms to the left "
@@ -142,6 +153,7 @@ class QuadraticSolve {
     switch (method_) {
       case kByFactoring: ByFactoring(); break;
       case kByGraphing: ByGraphing(); break;
+      case kByCompletingSquare: BySquare(); break;
       default: ByFormula(); break;
     }
     return false;
@@ -165,6 +177,17 @@ class QuadraticSolve {
                         "This is a quadratic equation that has no solution over the real numbers "
                         "(its roots are complex).");
       }
+      case kByCompletingSquare:
+        if (perfect_square_) {
+          return GiveHint(s_, 314,
+                          opening + " simply factor the left side into @" + Piece(17) +
+                              "@ , since the left side is already a perfect square.");
+        }
+        return GiveHint(s_, 315,
+                        opening + " follow these steps:||Add @" + Piece(16) +
+                            "@ to both sides of the equation.  This turns the left side into a "
+                            "perfect square.|Then factor the new left side into @" +
+                            Piece(17) + "@.  ");
       case kByGraphing:
         if (x_ != "x") {
           return GiveHint(s_, 316,
@@ -295,6 +318,17 @@ class QuadraticSolve {
                  y + ".  This replaces an equation by a function which can be graphed.",
              run_.WorkLeft, y);
     ShowNote(s_, "321#Graph this function.  It is a parabola.");
+    if (s_.SolveDetail > 0) {
+      const double a = NumericTextValue(s_, k.a).value_or(0.0);
+      const double b = NumericTextValue(s_, k.b).value_or(0.0);
+      const double d = NumericTextValue(s_, k.d).value_or(-1.0);
+      std::vector<double> real_roots;
+      if (d >= 0 && a != 0) {
+        real_roots.push_back((-b + std::sqrt(d)) / (2 * a));
+        if (d > 0) real_roots.push_back((-b - std::sqrt(d)) / (2 * a));
+      }
+      DrawParabolaSketch(s_, k.a, k.b, k.c, real_roots);
+    }
     if (s_.EquationList.empty()) s_.EquationList.resize(1);
     s_.EquationList[0] = {y, SimplifyText(s_, "(" + k.a + ")*x^2+(" + k.b + ")*x+(" + k.c + ")"),
                           "255", "1"};
@@ -314,6 +348,83 @@ class QuadraticSolve {
     Finish(321, message + tail);
   }
 
+  std::string Piece(int n) const { return GetPiece(cs_record_, n, "; "); }
+
+  // The flags of completing the square; false when the left side does not complete.
+  bool PrepareSquare() {
+    const PolynomialView right = ClassifyPolynomial(s_, run_.SavedRight, x_);
+    const PolynomialView left = ClassifyPolynomial(s_, run_.SavedLeft, x_);
+    const Coefficients k = CoefficientsOf(s_, run_.SavedLeft, x_);
+    const bool right_has_terms = right.QuadCoef != "0" || right.LinCoef != "0";
+    perfect_square_ = k.found && !right_has_terms && k.d == "0";
+    std::string text = run_.WorkLeft;
+    if (!CompleteTheSquare(s_, text, cs_record_)) return false;
+    if (Piece(14).empty() || Piece(16).empty() || Piece(17).empty()) return false;
+    must_transpose_ = right_has_terms || (left.ConstTerm != "0" && !perfect_square_);
+    must_divide_ = quad_coef_ != "1";
+    return true;
+  }
+
+  // The first step of completing the square: the squares and linear terms to the left, the
+  // constants to the right, and the sides divided by the leading coefficient. True for a hint.
+  bool SquarePreparation(const std::string& phrase) {
+    std::string text = "This is a quadratic equation.  It can be solved " + phrase + ".||";
+    const std::string transpose =
+        "First transpose (add or subtract) all quadratic and linear terms to the left side of "
+        "the equation and all constant terms to the right side.";
+    const std::string divide = "divide both sides of the equation by @" + quad_coef_ +
+                               "@ so the coefficient of the quadratic term becomes 1.";
+    if (must_transpose_ && must_divide_ && s_.HintState != 1) {
+      text += transpose + "  Then " + divide;
+    } else if (must_transpose_) {
+      text += transpose;
+    } else {
+      text += "First " + divide;
+      if (s_.HintState == 1) {
+        text +=
+            "||Then expand on the left side so that the resulting fraction breaks into "
+            "separate terms.";
+      }
+    }
+    if (s_.HintState == 1) return GiveHint(s_, 166, text);
+    if (must_transpose_) {
+      run_.WorkLeft = Piece(14);
+      run_.WorkRight = SimplifyText(s_, "-(" + Piece(15) + ")");
+    } else {
+      run_.WorkLeft = ScaleSide(s_, run_.SavedLeft, '/', quad_coef_, true);
+      run_.WorkRight = ScaleSide(s_, run_.SavedRight, '/', quad_coef_, true);
+    }
+    FormStep(s_, "166#" + text, run_.WorkLeft, run_.WorkRight);
+    prep_done_ = true;
+    return false;
+  }
+
+  void BySquare() {
+    if (perfect_square_) {
+      run_.WorkLeft = Piece(17);
+      if (!prep_done_) run_.WorkRight = run_.SavedRight;
+      Finish(319, opening_ + ", simply factor the left side since it is already a perfect square.");
+      return;
+    }
+    if (!prep_done_) {
+      run_.WorkLeft = run_.SavedLeft;
+      run_.WorkRight = run_.SavedRight;
+    }
+    const std::string q = Piece(16);
+    run_.WorkLeft = SimplifyText(s_, run_.WorkLeft + "+(" + q + ")");
+    run_.WorkRight = SimplifyText(s_, run_.WorkRight + "+(" + q + ")");
+    FormStep(s_,
+             "320#" + opening_ +
+                 ", follow these steps:||Take the linear coefficient, divide it by 2 and then "
+                 "square it.  This gives @" +
+                 q +
+                 "@.  Add this quantity to both sides of the equation.  This turns the left side "
+                 "into a perfect square.",
+             run_.WorkLeft, run_.WorkRight);
+    run_.WorkLeft = Piece(17);
+    Finish(320, "Now factor the perfect square on the left side.");
+  }
+
   // The last write, common to all methods.
   void Finish(int help, const std::string& message) {
     const std::string numbered = std::to_string(help) + "#" + message;
@@ -331,6 +442,9 @@ class QuadraticSolve {
   std::string x_;
   int method_ = kByFormula;
   bool must_transpose_ = false;
+  bool must_divide_ = false;
+  bool perfect_square_ = false;
+  std::string cs_record_;
   bool prep_done_ = false;
   std::string opening_;
 };

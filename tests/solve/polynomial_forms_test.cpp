@@ -220,6 +220,36 @@ TEST_F(PolynomialForms, TransposedFirstWhenTheRightSideIsNotZero) {
   EXPECT_TRUE(Wrote("Now, follow these steps:"));
 }
 
+TEST_F(PolynomialForms, CompletingTheSquareAddsTheQuantityToBothSides) {
+  s.QuadraticMethod = 2;
+  const std::string answers = Solve("x^2+2*x=3");
+  EXPECT_TRUE(answers == "1; -3" || answers == "-3; 1") << answers;
+  EXPECT_TRUE(
+      Wrote("Take the linear coefficient, divide it by 2 and then square it.  This gives "
+            "@1@."));
+  EXPECT_TRUE(Wrote("Now factor the perfect square on the left side."));
+}
+
+TEST_F(PolynomialForms, CompletingTheSquareOfAPerfectSquareOnlyFactors) {
+  s.QuadraticMethod = 2;
+  EXPECT_EQ(Solve("x^2+6*x+9=0"), "-3");
+  EXPECT_TRUE(Wrote("simply factor the left side since it is already a perfect square."));
+}
+
+TEST_F(PolynomialForms, CompletingTheSquareDividesByTheLeadingCoefficient) {
+  s.QuadraticMethod = 2;
+  Solve("3*x^2-2*x-1=x+4");
+  EXPECT_TRUE(
+      Wrote("Then divide both sides of the equation by @3@ so the coefficient of the "
+            "quadratic term becomes 1."));
+}
+
+TEST_F(PolynomialForms, CompletingTheSquareHintNamesTheQuantity) {
+  s.QuadraticMethod = 2;
+  EXPECT_NE(Hint("x^2+2*x=3").find("Add @1@ to both sides of the equation."), std::string::npos);
+  EXPECT_EQ(s.HelpNumber, 315);
+}
+
 TEST_F(PolynomialForms, QuadraticRootsAreSimplified) {
   EXPECT_EQ(QuadraticRoots(s, "1", "-5", "1"), "3; 2");
 }

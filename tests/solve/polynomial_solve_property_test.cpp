@@ -164,8 +164,8 @@ std::string MethodName(const ::testing::TestParamInfo<int>& param) {
   return kNames[param.param];
 }
 
-INSTANTIATE_TEST_SUITE_P(EachQuadraticMethod, PolynomialSolveProperty, ::testing::Values(0, 1, 3),
-                         MethodName);
+INSTANTIATE_TEST_SUITE_P(EachQuadraticMethod, PolynomialSolveProperty,
+                         ::testing::Values(0, 1, 2, 3), MethodName);
 
 }  // namespace
 }  // namespace tavimor
