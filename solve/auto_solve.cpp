@@ -11,10 +11,13 @@
 #include "manipulate/factor.h"
 #include "present/work_space.h"
 #include "simplify/simplify_driver.h"
+#include "solve/clear_denominators.h"
 #include "solve/equation_moves.h"
 #include "solve/isolate.h"
 #include "solve/polynomial_view.h"
+#include "solve/solve_linear.h"
 #include "solve/solve_no_unknown.h"
+#include "solve/solve_quadratic.h"
 #include "solve/solve_state.h"
 #include "solve/solver_writes.h"
 #include "solve/split_factors.h"
@@ -268,13 +271,24 @@ class Driver {
       std::string joined =
           run_.WorkLeft + (run_.WorkRight.rfind('-', 0) == 0 ? "" : "+") + run_.WorkRight;
       std::string report;
-      if (CombineFractions(s_, joined, report) == 1) {
-        // ClearDenominators (the rational forms) multiplies through by the denominator here
-        // and ends the pass.
+      // A sum whose fraction also cancels (2) has its terms over the LCD all the same.
+      if (CombineFractions(s_, joined, report) >= 1) {
+        bool hint_shown = false;
+        const bool cleared = ClearDenominators(s_, run_, report, hint_shown);
+        if (hint_shown) return Next::Leave;
+        if (cleared) return EndOfPass();
       }
     }
-    // 16.2 Expansion: ExpandSides (the polynomial forms) expands both sides here and ends the
-    // pass when either changed.
+    // 16.2 Expansion.
+    const bool want_expand = !(view.OtherTerms == "0" && view.QuadCoef == "0") &&
+                             !(view.OtherTerms == "0" && view.QuadCoef != "0" &&
+                               view.LinCoef != "0" && view.ConstTerm != "0");
+    if (want_expand) {
+      bool hint_shown = false;
+      const bool expanded = ExpandSides(s_, run_, hint_shown);
+      if (hint_shown) return Next::Leave;
+      if (expanded) return EndOfPass();
+    }
     // 16.3 Everything to the left side.
     run_.SavedLeft = run_.WorkLeft;
     run_.SavedRight = run_.WorkRight;
@@ -289,18 +303,28 @@ class Driver {
       // its last rung.
       return LastRung();
     }
-    // 16.5 A linear or quadratic equation: SolveLinear, SolveQuadraticNoLinear,
-    // SolveSquareIsZero, FactorNoConstant and SolveQuadratic (the polynomial forms) solve it
-    // here. Until they come, an equation whose moved form holds the unknown once is isolated
-    // from there, and any other ends at the last rung: no answer is stated that the tutor
-    // cannot show.
+    // 16.5 A linear or quadratic equation.
     if (view.QuadCoef != "0" || view.LinCoef != "0") {
-      if (CountOccurrences(s_, run_.WorkLeft, run_.Unknown) != 1) return LastRung();
-      if (run_.SavedRight != "0" &&
-          Step("148#Transpose (add or subtract) everything to the left side of the equation.",
-               false)) {
-        return Next::Leave;
+      const bool already_sorted = view.NegConst == run_.SavedRight;
+      bool hint_shown = false;
+      if (view.QuadCoef == "0") {
+        hint_shown = SolveLinear(s_, run_, view, already_sorted);
+      } else if (view.LinCoef == "0" && view.ConstTerm != "0") {
+        hint_shown = SolveQuadraticNoLinear(s_, run_, view, already_sorted);
+      } else if (view.LinCoef == "0") {
+        hint_shown = SolveSquareIsZero(s_, run_, view.QuadCoef);
+      } else if (view.ConstTerm == "0") {
+        if (FactorNoConstant(s_, run_)) return Next::Leave;
+        return EndOfPass();
+      } else {
+        if (SolveQuadratic(s_, run_, view.QuadCoef)) return Next::Leave;
+        if (s_.HintState == 2) return Next::Leave;
+        if (run_.WorkRight == kNoSolution || run_.WorkLeft == run_.Unknown) {
+          return Next::Isolate;
+        }
+        return EndOfPass();
       }
+      if (hint_shown || s_.HintState == 2) return Next::Leave;
       run_.OnceIntroShown = false;
       return Next::Isolate;
     }
@@ -309,14 +333,22 @@ class Driver {
     return Next::Isolate;
   }
 
-  // Rung 16.4.7: everything moved to the left (148); FactorLeftSide (the polynomial forms)
-  // factors the left side here. Else the branch is unsolvable (114).
+  // Step 19: the end of a pass.
+  Next EndOfPass() { return s_.HintState == 2 ? Next::Leave : Next::Pass; }
+
+  // Rung 16.4.7: everything moved to the left (148); the left side factored if it can be, else
+  // the branch is unsolvable (114).
   Next LastRung() {
     if (run_.SavedRight != "0") {
       if (Step("148#Transpose (add or subtract) everything to the left side of the equation.",
                false)) {
         return Next::Leave;
       }
+    }
+    bool hint_shown = false;
+    if (FactorLeftSide(s_, run_, hint_shown)) {
+      if (hint_shown) return Next::Leave;
+      return EndOfPass();
     }
     if (SolverLine(s_, "114#This equation is unsolvable with this version of the program.", true)) {
       return Next::Leave;
