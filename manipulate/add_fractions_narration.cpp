@@ -31,8 +31,8 @@ const char* const kExpressTerms[] = {
     "",
     "following these steps:|   - Express all terms as fractions like this ",
     "following these steps:|   - Express fractions with factored denominators like this ",
-    "following these steps:|   - Express all terms as fractions with factored denominators like "
-    "this ",
+    ("following these steps:|   - Express all terms as fractions with factored denominators "
+     "like this "),
 };
 
 std::string Field(const std::string& record, int field) { return AddFractionsField(record, field); }
