@@ -91,6 +91,9 @@ struct CommandState {
   // Switches of the engines, true at the start of a command.
   bool DistributeMinus = true;
   bool ComplexProducts = true;
+  // Pythagoras' identities take part in simplifying; cleared around silent simplifications that
+  // must keep a product as it stands.
+  bool PythagorasRules = true;
   // Set by the solver: a power whose exponent holds this text is not spread over a product.
   std::string ProtectedExponent;
   // 1 normally, 2 while a denominator is expanded too.

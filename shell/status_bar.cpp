@@ -86,6 +86,7 @@ void OptionSnapshot(Session& s, const std::string& command) {
     s.TrigMode = 0;
     s.DistributeMinus = true;
     s.ComplexProducts = true;
+    s.PythagorasRules = true;
     s.ExponentToReciprocal = s.SavedExponentToReciprocal;
     s.ExponentToRadical = s.SavedExponentToRadical;
     s.ExactToFloat = s.SavedExactToFloat;

@@ -644,12 +644,12 @@ bool CombineToTangent(Session& s, NodeIdx& slot) {
 
 bool PythagorasInTerm(Session& s, NodeIdx& slot) {
   // A bracket or a function whose content is a sum of squares.
-  if (s.Pool[slot].Kind == kKindSumOrProduct) return false;
+  if (!s.PythagorasRules || s.Pool[slot].Kind == kKindSumOrProduct) return false;
   return PythagorasOnContent(s, slot);
 }
 
 bool PythagorasInSum(Session& s, NodeIdx& slot) {
-  if (s.Pool[slot].Kind != kKindSumOrProduct) return false;
+  if (!s.PythagorasRules || s.Pool[slot].Kind != kKindSumOrProduct) return false;
   return PythagorasOnContent(s, slot);
 }
 

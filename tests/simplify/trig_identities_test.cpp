@@ -177,6 +177,12 @@ TEST_F(TrigSimplify, PythagorasSimplifiesToOneWithoutATrigButton) {
   EXPECT_EQ(RunIn(kTrigSimplify, "sin(x)^2+cos(x)^2"), "1");
 }
 
+TEST_F(TrigSimplify, PythagorasStaysWhileItsRulesAreSwitchedOff) {
+  ScopedOverride off(s.PythagorasRules, false);
+  EXPECT_EQ(RunIn(kTrigSimplify, "sin(x)^2+cos(x)^2"), "cos(x)^2+sin(x)^2");
+  EXPECT_EQ(RunIn(kTrigSimplify, "a*(1-sin(x)^2)"), "a*(-sin(x)^2+1)");
+}
+
 TEST_F(TrigSimplify, SineOfANegativeAngleSimplifiesWithoutATrigButton) {
   EXPECT_EQ(RunIn(kTrigSimplify, "sin(-x)"), "-sin(x)");
 }
