@@ -9,6 +9,7 @@
 #include "cli/command_guess.h"
 #include "cli/course_list.h"
 #include "cli/line_editor.h"
+#include "cli/list_editor_view.h"
 #include "cli/run_item.h"
 #include "cli/system_view.h"
 #include "cli/tree_command.h"
@@ -55,7 +56,7 @@ void PrintStatus(const Session& s, std::ostream& out) {
 
 // The words of the interactive tutor itself, beside the command words of the buttons.
 const std::vector<std::string> kSessionWords = {"help", "status", "clear", "quit", "exit",
-                                                "list", "next",   "open",  "load"};
+                                                "list", "next",   "open",  "load", "edit-list"};
 
 std::vector<std::string> AllWords() {
   std::vector<std::string> words;
@@ -93,6 +94,7 @@ void PrintHelp(std::ostream& out) {
          "  open N                load problem N of the file\n"
          "  next                  load the next problem of the file\n"
          "  load ITEM             load ITEM even when it looks like a command\n"
+         "  edit-list             the list editor on the file's topics and problems\n"
          "  quit                  end the session\n"
          "Anything else is loaded as a new item.\n";
 }
@@ -125,6 +127,10 @@ class InteractiveTutor {
       if (first == std::string::npos) continue;
       line = line.substr(first, line.find_last_not_of(" \t") - first + 1);
       editor_.Remember(line);
+      if (list_editor_ != nullptr && (line == "quit" || line == "exit")) {
+        std::cout << kCloseByButtonText << '\n';  // as closing the editor's frame
+        continue;
+      }
       if (line == "quit" || line == "exit") break;
       frontend_.Reset();  // nothing of an earlier command is kept
       Handle(line);
@@ -134,6 +140,25 @@ class InteractiveTutor {
 
  private:
   void Handle(const std::string& line) {
+    if (list_editor_ != nullptr) {
+      if (!list_editor_->Handle(line, std::cout)) {
+        list_editor_.reset();
+        std::cout << "The list editor is closed.\n";
+      }
+      return;
+    }
+    if (line == "edit-list") {
+      if (!KeepsList(options_)) {
+        std::cout << "No list is kept: start the tutor with --file PATH (or --save-as PATH) to "
+                     "edit its topics and problems.\n";
+        return;
+      }
+      list_editor_ = std::make_unique<ListEditorView>(
+          s_, [this](const std::string& question) { return frontend_.AskYesNo(question); });
+      ListEditorView::PrintWords(std::cout);
+      list_editor_->Print(std::cout);
+      return;
+    }
     if (line == "help") {
       PrintHelp(std::cout);
     } else if (line == "status") {
@@ -259,6 +284,7 @@ class InteractiveTutor {
   std::string last_item_;
   bool refused_since_ = false;
   int current_problem_ = 0;
+  std::unique_ptr<ListEditorView> list_editor_;  // while the list editor is open
 };
 
 }  // namespace

@@ -21,6 +21,7 @@
 #include <cmath>
 
 #include "qt/display_painter.h"
+#include "qt/list_editor_form.h"
 #include "qt/options_dialog.h"
 #include "qt/qt_frontend.h"
 #include "shell/algebra_file.h"
@@ -283,6 +284,7 @@ void MainWindow::BuildMenus() {
     FileSaveAs(path);
   });
   connect(file, &QMenu::aboutToShow, this, [this] { save_->setEnabled(!s_.FileName.empty()); });
+  file->addAction(QStringLiteral("List &Editor"), this, &MainWindow::EditList);
   recent_separator_ = file->addSeparator();
   for (int i = 0; i < 4; ++i) {
     recent_actions_[static_cast<std::size_t>(i)] =
@@ -493,6 +495,13 @@ void MainWindow::SetFileCaption() {
   const std::string name = s_.FileName.empty() ? "[Untitled]" : s_.FileName;
   s_.Form.caption = std::string(" Tavimor ") + kProgramVersion + " - " + name;
   setWindowTitle(QString::fromStdString(s_.Form.caption));
+}
+
+void MainWindow::EditList() {
+  ListEditorForm editor(this, s_);
+  editor.exec();
+  // A changed list is shown again; the caption and Save follow the changed flag.
+  if (s_.TopicsStaleFlag) AfterFileLoaded();
 }
 
 void MainWindow::AfterFileLoaded() {

@@ -89,6 +89,7 @@ class MainWindow : public QMainWindow {
   bool AskSaveChanges();
   const std::array<std::string, 4>& RecentFiles() const { return recent_; }
   void ShowOptions();
+  void EditList();  // the list editor, modal
   TopicsPanel* Topics() const { return topics_; }
   bool TopicsShown() const;
   void ShowTopics();

@@ -337,6 +337,24 @@ printf 'x=6\n' > "$work/one.txt"
 "$cli" --batch "$work/one.txt" --file "$work/session.txt" --save >/dev/null 2>&1
 contains "a batch saves at its end" "$(cat "$work/session.txt")" "Eqn:x=5" "Eqn:x=6"
 
+# The list editor in the interactive tutor: edits kept and saved, quit refused while it is open,
+# a cancel asked about first.
+cp "$work/list.txt" "$work/edited.txt"
+out=$(printf 'edit-list\ntopic 2\neqn 1\nnew-eqn x-2=5 | Add 2.\npromote\nquit\ntopic-up\nkeep\nquit\n' |
+  "$cli" --file "$work/edited.txt" --save 2>&1)
+contains "the list editor edits and keeps" "$out" "> 2. x-2=5    | Add 2." \
+  "Click on Keep Changes or or Cancel Changes" "The changes are kept in the list"
+contains "the edited list is saved" "$(cat "$work/edited.txt")" "Eqn:x-2=5" "Comment:Add 2."
+cp "$work/list.txt" "$work/unedited.txt"
+out=$(printf 'edit-list\nnew-topic Quadratic\ncancel\ny\nquit\n' |
+  "$cli" --file "$work/unedited.txt" --save 2>&1)
+contains "a cancel asks first and throws the changes away" "$out" \
+  "Really want to throw away all changes?" "The changes are thrown away."
+cmp -s "$work/list.txt" "$work/unedited.txt" && echo "ok: a cancelled edit leaves the file as it was" ||
+  { echo "FAIL: a cancelled edit changed the file"; failures=$((failures + 1)); }
+out=$(printf 'edit-list\nquit\n' | "$cli" 2>&1)
+contains "the list editor needs a list" "$out" "No list is kept"
+
 # Saving keeps a symbolic link, the file's permissions, and replaces a stale temporary file.
 cp "$work/list.txt" "$work/target.txt"
 chmod 600 "$work/target.txt"
