@@ -8,6 +8,7 @@
 #include "core/node_shape.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/factor_texts.h"
+#include "simplify/inverse_functions.h"
 #include "simplify/simplify_driver.h"
 #include "simplify/trig_identities.h"
 
@@ -139,7 +140,7 @@ bool BreakApartEuler(Session& s, NodeIdx& slot) {
     result = factor + "*(" + result + ")";
   }
   const std::string formula = old_text + "=" + result;
-  RewriteNode(
+  RewriteFunctionAs(
       s, slot, "(" + result + ")",
       "363#Break apart the complex exponential by using Euler's formula @" + formula + "@ .");
   return true;
