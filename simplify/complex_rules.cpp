@@ -346,15 +346,17 @@ bool FunctionOfComplex(Session& s, const std::string& name, double re, double im
     return false;
   }
   if (!std::isfinite(value.real()) || !std::isfinite(value.imag())) return false;
+  text = ComplexValueText(s, value.real(), value.imag());
+  return true;
+}
+
+std::string ComplexValueText(Session& s, double re, double im) {
   // Parts below the last figure a number's text holds are rounding: ln(-1) is pi*i, not
   // 1E-17+pi*i.
-  const double size = std::abs(value);
-  double real = value.real();
-  double imaginary = value.imag();
-  if (std::fabs(real) < 1e-15 * size) real = 0.0;
-  if (std::fabs(imaginary) < 1e-15 * size) imaginary = 0.0;
-  text = ComplexNumberText(s, real, imaginary);
-  return true;
+  const double size = std::hypot(re, im);
+  if (std::fabs(re) < 1e-15 * size) re = 0.0;
+  if (std::fabs(im) < 1e-15 * size) im = 0.0;
+  return ComplexNumberText(s, re, im);
 }
 
 }  // namespace tavimor

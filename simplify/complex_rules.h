@@ -25,6 +25,9 @@ int ClassifyComplexArgument(Session& s, NodeIdx function, double& re, double& im
 // a+b*unit as text: a part 0 left out, a factor 1 of the unit left out, "-" for a negative b.
 std::string ComplexNumberText(Session& s, double re, double im);
 
+// A floating complex value as text, parts below its last figure (rounding) taken as 0.
+std::string ComplexValueText(Session& s, double re, double im);
+
 // 1/unit -> -unit (help 24, or 25 inside a larger product); then two complex factors combined
 // exactly: distributing a real factor (26), multiplying (27), dividing by a real number (28).
 // Only with ComplexForm above 0 and ComplexProducts set.
