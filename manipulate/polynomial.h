@@ -2,16 +2,14 @@
 // division by a root, evaluation without noise, and square roots of terms.
 #pragma once
 
-#include <complex>
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include "core/complex_number.h"
 #include "core/session.h"
 
 namespace tavimor {
-
-using Complex = std::complex<double>;
 
 inline constexpr int kRootMaxIterations = 80;    // Laguerre iterations for one root
 inline constexpr double kRootRoundoff = 2e-9;    // rounding error per unit of the error sum

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "core/complex_number.h"
 #include "core/evaluate.h"
 #include "core/message_box.h"
 #include "core/node_pool.h"
@@ -19,6 +20,7 @@
 #include "shell/command_frame.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
+#include "simplify/complex_rules.h"
 #include "simplify/factor_texts.h"
 #include "simplify/simplify_driver.h"
 
@@ -165,6 +167,15 @@ bool EvaluateCommand(Session& s, NodeIdx side, std::string& result) {
   }
   // A floating result, in the significant figures the student chose.
   if (!complex) value = FormatResult(s, value);
+  // A complex value the rules leave as a quotient, (1+i)/(1-i), is written as a+b*i.
+  if (complex && s.ComplexForm != 0) {
+    double re = 0.0;
+    double im = 0.0;
+    if (ClassifyComplex(s, root, re, im) == kOtherComplex &&
+        EvaluateComplex(s, root, re, im) != 0) {
+      value = ComplexValueText(s, re, im);
+    }
+  }
   // 5. and 6. The sentence.
   if (complex && s.ComplexForm == 0) {
     result = kComplexOnly;

@@ -13,6 +13,7 @@
 #include "manipulate/reduce_fraction.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
+#include "simplify/complex_rules.h"
 #include "simplify/factor_texts.h"
 #include "simplify/inverse_functions.h"
 #include "simplify/radical_rules.h"
@@ -355,14 +356,24 @@ bool EvaluateFunction(Session& s, NodeIdx& slot) {
   const std::string prefix = EvaluationPrefix(f);
   if (prefix.empty()) return false;
   if (f == "sqrt") return SquareRootValue(s, slot);
-  // A complex argument is evaluated with complex numbers, which the tutor does not work with
-  // yet: such an argument is left as it stands.
   const bool inverse = f == "arcsin" || f == "arccos" || f == "arctan";
   if (inverse && s.EvaluateInverseTrig == 0) return false;
   const bool trig = f == "sin" || f == "cos" || f == "tan";
   const std::string x = ContentText(node);
   const std::string message =
       prefix + "Simplify this expression by evaluating @" + old_text + "@ .";
+  // A complex argument is evaluated with complex numbers.
+  if (s.ComplexForm > 0) {
+    double re = 0.0;
+    double im = 0.0;
+    std::string value;
+    const int kind = ClassifyComplexArgument(s, slot, re, im);
+    if (kind == kPureImaginary || kind == kComplexNumber) {
+      if (!FunctionOfComplex(s, f, re, im, value)) return false;
+      RewriteFunctionAs(s, slot, value, message);
+      return true;
+    }
+  }
   double result = 0.0;
   if (!IsNumberToken(s, x)) {
     if (!trig || !s.ExactToFloat || s.Degrees) return false;
@@ -380,6 +391,15 @@ bool EvaluateFunction(Session& s, NodeIdx& slot) {
     if (v == 0.0 && f == "log") throw AppError(kErrorLogZero, "The logarithm of 0");
     if (v == 0.0 && f == "ln") throw AppError(kErrorLnZero, "The natural logarithm of 0");
     if (IsIntegerText(s, x) && !s.ExactToFloat) return false;
+    // ln(-0.5) = ln(0.5)+pi*i, arcsin(1.5) and arccos(1.5) are complex.
+    const bool complex_value = ((f == "log" || f == "ln") && v < 0.0) ||
+                               ((f == "arcsin" || f == "arccos") && std::fabs(v) > 1.0);
+    if (complex_value && s.ComplexForm > 0) {
+      std::string value;
+      if (!FunctionOfComplex(s, f, v, 0.0, value)) return false;
+      RewriteFunctionAs(s, slot, value, message);
+      return true;
+    }
     if ((f == "log" || f == "ln") && v < 0.0) return false;
     if ((f == "arcsin" || f == "arccos") && std::fabs(v) > 1.0) {
       s.HelpNumber = static_cast<std::int16_t>(f == "arcsin" ? 374 : 375);

@@ -12,6 +12,7 @@
 #include "core/temp_tree.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
+#include "simplify/complex_rules.h"
 #include "simplify/factor_texts.h"
 
 namespace tavimor {
@@ -279,10 +280,15 @@ bool RootOfNumber(Session& s, const Power& w, Outcome& out) {
   return true;
 }
 
-// In their order; the first that fires wins. The complex power joins with complex arithmetic.
+// (a+b*i)^(c+d*i) evaluated   help 65
+bool ComplexPowerRule(Session& s, const Power& w, Outcome& out) {
+  return ComplexPower(s, w.node, out.text, out.message);
+}
+
+// In their order; the first that fires wins.
 constexpr PowerRule kPowerRules[] = {
     &TrivialPower,      &NegativeExponent, &PowerOfPower, &PowerOfExp,   &ConstantPowerOfLog,
-    &PowerOfSquareRoot, &PowerOfProduct,   &NumericPower, &RootOfNumber,
+    &PowerOfSquareRoot, &PowerOfProduct,   &NumericPower, &RootOfNumber, &ComplexPowerRule,
 };
 
 }  // namespace

@@ -18,6 +18,8 @@
 #include "simplify/bracket_rules.h"
 #include "simplify/collect_product.h"
 #include "simplify/collect_sum.h"
+#include "simplify/complex_rules.h"
+#include "simplify/euler_formula.h"
 #include "simplify/function_values.h"
 #include "simplify/inverse_functions.h"
 #include "simplify/log_rules.h"
@@ -52,11 +54,11 @@ const std::vector<PassRow> kPasses = {
      {&CollapseProductSigns, &DropProductBrackets, &DivideByFraction, &MultiplyFractions}},
     {4, Where::Sum, {&CollectSum}},  // collect and sort a sum
     {4,
-     Where::Product,  // collect and sort a product; factor-and-cancel; -(a+b) -> -a-b last
-     {&CollectProductRule, &FactorFractionRule, &DistributeMinusOverBracket}},
+     Where::Product,  // collect and sort a product; complex numbers; factor-and-cancel; -(a+b)
+     {&CollectProductRule, &ComplexProductRule, &FactorFractionRule, &DistributeMinusOverBracket}},
     {5,
-     Where::Any,  // the written form of powers; ln(1/x) = -ln(x)
-     {&ExponentialForm, &RadicalForm, &LogOfReciprocal}},
+     Where::Any,  // the written form of powers; ln(1/x) = -ln(x); Euler's formula broken apart
+     {&ExponentialForm, &RadicalForm, &LogOfReciprocal, &BreakApartEuler}},
     {6, Where::Power, {&PowerRules}},  // powers
     {7,
      Where::Function,  // values of functions, square roots, the power inside a logarithm

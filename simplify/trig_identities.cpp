@@ -14,6 +14,7 @@
 #include "core/number_text.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
+#include "simplify/euler_formula.h"
 #include "simplify/factor_texts.h"
 #include "simplify/function_values.h"
 #include "simplify/inverse_functions.h"
@@ -761,6 +762,18 @@ bool CombinePhasor(Session& s, NodeIdx& slot) {
       // Only number coefficients: the phase arctan(B/A) holds for a known sign of A.
       const std::string a = SignedCoefficient(terms[i], {*fi});
       const std::string b = SignedCoefficient(terms[j], {*fj});
+      // B*cos(x)+i*B*sin(x) = B*e^(i*x)
+      if (std::string term; EulerTermOfPair(s, a, b, x, term)) {
+        std::vector<std::pair<bool, std::string>> out;
+        for (std::size_t k = 0; k < texts.size(); ++k) {
+          if (k == i) out.emplace_back(false, term);
+          if (k != i && k != j) out.push_back(texts[k]);
+        }
+        RewriteContent(
+            s, slot, JoinTerms(out),
+            "363#Combine the sin and the cos into an exponential using Euler's formula.");
+        return true;
+      }
       if (!IsNumericText(s, a) || !IsNumericText(s, b)) continue;
       const bool negative_a = IsNegativeNumericText(s, a);
       const std::string amplitude = SimplifyText(s, "sqrt((" + a + ")^2+(" + b + ")^2)");

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/brackets.h"
+#include "core/complex_number.h"
 #include "core/errors.h"
 #include "core/evaluate.h"
 #include "core/node_queries.h"
@@ -84,6 +85,34 @@ std::string SubstitutedSide(Session& s, const std::string& side, const std::stri
 bool IsDomainError(const RunTimeError& e) {
   return e.Number() == RunTimeErrorNumber::InvalidCall ||
          e.Number() == RunTimeErrorNumber::DivisionByZero;
+}
+
+// The value of a text with the unit of the options in it; nothing when it cannot be taken.
+std::optional<Complex> ComplexValueOf(Session& s, const std::string& text) {
+  try {
+    const TempTree t(s, text, TempTree::Depth::Whole);
+    double re = 0.0;
+    double im = 0.0;
+    const int outcome = EvaluateComplex(s, t.Root(), re, im);
+    if (outcome < 1 || outcome > 3 || !std::isfinite(re) || !std::isfinite(im)) {
+      return std::nullopt;
+    }
+    return Complex(re, im);
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  } catch (const AppError& e) {
+    if (e.Number() == kErrorCancel) throw;
+    return std::nullopt;
+  }
+}
+
+// Both parts agree to 1E-7 of their sizes.
+bool ComplexValuesAgree(Complex left, Complex right) {
+  const double d_re = std::fabs(left.real() - right.real());
+  const double d_im = std::fabs(left.imag() - right.imag());
+  const double s_re = std::fabs(left.real()) + std::fabs(right.real()) + 1.0;
+  const double s_im = std::fabs(left.imag()) + std::fabs(right.imag()) + 1.0;
+  return kTolerance * s_re >= d_re && kTolerance * s_im >= d_im;
 }
 
 }  // namespace
@@ -187,13 +216,22 @@ void CheckSolutions(Session& s, const std::string& equation, const std::string& 
     if (k == 1) opening = count == 1 ? "Check the solution.  " : "Check the solutions.  ";
     std::string sides[2];
     std::optional<double> values[2];
-    // An answer without a real value is no real solution, whatever its sides simplify to.
-    bool failed = UnknownCandidates(s, piece).empty() && !RealValueOf(s, piece);
+    std::optional<Complex> complex_values[2];
+    // With complex numbers an answer and its sides are taken with their imaginary parts; under
+    // real arithmetic an answer without a real value is no real solution, whatever its sides
+    // simplify to.
+    const bool complex = s.ComplexForm != 0;
+    bool failed = UnknownCandidates(s, piece).empty() &&
+                  (complex ? !ComplexValueOf(s, piece) : !RealValueOf(s, piece));
     for (int side = 0; side < 2; ++side) {
       sides[side] = side == 0 ? left : right;
       try {
         sides[side] = SubstitutedSide(s, sides[side], unknown, piece);
-        values[side] = RealValueOf(s, sides[side]);
+        if (complex) {
+          complex_values[side] = ComplexValueOf(s, sides[side]);
+        } else {
+          values[side] = RealValueOf(s, sides[side]);
+        }
       } catch (const RunTimeError& e) {
         // A value outside the domain (a zero denominator, a root or logarithm of a negative
         // number) has no real value; any other failure ends the check with the answers kept.
@@ -201,7 +239,7 @@ void CheckSolutions(Session& s, const std::string& equation, const std::string& 
       } catch (const AppError& e) {
         if (e.Number() == kErrorCancel) throw;
       }
-      failed = failed || !values[side];
+      failed = failed || (complex ? !complex_values[side] : !values[side]);
     }
     // Two tiny values read as 0=0.
     if (values[0] && values[1] && IsNumberToken(s, sides[0]) && IsNumberToken(s, sides[1]) &&
@@ -218,9 +256,13 @@ void CheckSolutions(Session& s, const std::string& equation, const std::string& 
       message += kCantEvaluate;
       s.HelpNumber = 252;
     } else {
-      const double difference = std::fabs(*values[0] - *values[1]);
-      const double scale = std::fabs(*values[0]) + std::fabs(*values[1]) + 1.0;
-      passes = kTolerance * scale >= difference;
+      if (complex) {
+        passes = ComplexValuesAgree(*complex_values[0], *complex_values[1]);
+      } else {
+        const double difference = std::fabs(*values[0] - *values[1]);
+        const double scale = std::fabs(*values[0]) + std::fabs(*values[1]) + 1.0;
+        passes = kTolerance * scale >= difference;
+      }
       message += passes ? kChecksOut : kDoesNotCheck;
       s.HelpNumber = static_cast<std::int16_t>(passes ? 254 : 253);
     }

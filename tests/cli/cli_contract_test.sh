@@ -614,5 +614,14 @@ contains "solve-all solves the equations of the file with the result only" "$jso
 out=$(printf '3x=9\nx=1;y=2\nsolve-all\nquit\n' | "$cli" --file "$work/list.txt" 2>&1)
 contains "the tutor's solve-all takes the problems of the file and those typed" "$out" \
   "time taken for 3 equations was"
+json=$("$cli" --json --set "Complex form=1" "(1+2i)*(3-i)" simplify 2>/dev/null)
+contains "simplify multiplies complex numbers with the complex option set" "$json" \
+  '"left": "5*i+5"' 'Simplify by multiplying complex numbers @(-i+3)*(2*i+1)->5+5*i@ .'
+json=$("$cli" --json --set "Complex form=2" "x^2+4=0" solve 2>/dev/null)
+contains "solve gives and checks the imaginary roots with the unit written j" "$json" \
+  '@x=2*j@' '@x=-2*j@' 'so this solution checks out.'
+json=$("$cli" --json --set "Complex form=1" "e^(i*x)" break-trig 2>/dev/null)
+contains "break-trig writes the complex exponential by Euler's formula" "$json" \
+  '"left": "cos(x)+i*sin(x)"'
 
 [ "$failures" -eq 0 ]

@@ -55,6 +55,30 @@ TEST_F(SolutionCheck, AnswerWithoutARealValueIsRejected) {
       << Transcript();
 }
 
+TEST_F(SolutionCheck, ComplexAnswersCheckOutWithTheirImaginaryParts) {
+  s.ComplexForm = 1;
+  EXPECT_EQ(Check("x^2+2*x+5=0", "2*i-1; 2*i+1"), "2*i-1");
+  EXPECT_EQ(rejected, 1);
+  EXPECT_EQ(s.HelpNumber, 253);
+  EXPECT_NE(Transcript().find("Substitute @x=2*i-1@ back into the original equation.\n"
+                              "After simplifying, the equation reads @0=0@ , so this solution "
+                              "checks out."),
+            std::string::npos)
+      << Transcript();
+}
+
+TEST_F(SolutionCheck, AnAnswerWrongOnlyInItsImaginaryPartIsRejected) {
+  s.ComplexForm = 2;
+  EXPECT_EQ(Check("x^2=-4", "2*j; 3*j"), "2*j");
+  EXPECT_EQ(rejected, 1);
+}
+
+TEST_F(SolutionCheck, AnImaginaryAnswerIsRejectedUnderRealArithmetic) {
+  EXPECT_EQ(Check("x^2+4=0", "2*sqrt(-1)"), "no-solution");
+  EXPECT_EQ(rejected, 1);
+  EXPECT_EQ(s.HelpNumber, 252);
+}
+
 TEST_F(SolutionCheck, AnswerThatMakesADenominatorZeroIsRejected) {
   EXPECT_EQ(Check("x/(x-2)=2/(x-2)", "2"), "no-solution");
   EXPECT_EQ(rejected, 1);
