@@ -107,7 +107,7 @@ std::string PickAlias(Session& /*s*/, const std::string& text, const std::string
 }
 
 FormStatus SolveInAlias(Session& s, SolveRun& run, const std::string& alias,
-                        const std::string& replaced) {
+                        const std::string& replaced, const AliasBackNumbers& numbers) {
   std::string answers;
   AutoSolve(s, run.SavedLeft + "=" + run.SavedRight, alias, answers);
   if (s.HintState == 2) return FormStatus::FormChanged;
@@ -125,7 +125,9 @@ FormStatus SolveInAlias(Session& s, SolveRun& run, const std::string& alias,
   if (values.size() == 1) {
     run.SavedLeft = replaced;
     run.SavedRight = values.front();
-    SolverStep(s, "175#Now replace back the alias " + alias + " with @" + replaced + "@ .",
+    SolverStep(s,
+               std::to_string(numbers.one) + "#Now replace back the alias " + alias + " with @" +
+                   replaced + "@ .",
                run.SavedLeft, run.SavedRight, false);
     return FormStatus::FormChanged;
   }
@@ -140,17 +142,19 @@ FormStatus SolveInAlias(Session& s, SolveRun& run, const std::string& alias,
     const PendingEquation& equation = run.Row(row);
     if (row == run.PendingCount) {
       SolverStep(s,
-                 "176#Now replace back the alias " + alias + " with @" + replaced +
-                     "@ in each equation.|The first equation is:",
+                 std::to_string(numbers.first) + "#Now replace back the alias " + alias +
+                     " with @" + replaced + "@ in each equation.|The first equation is:",
                  equation[0], equation[1], false);
     } else {
       --s.StepCount;  // the list of equations counts as one step
-      SolverStep(s, "177#The next equation is:", equation[0], equation[1], false);
+      SolverStep(s, std::to_string(numbers.next) + "#The next equation is:", equation[0],
+                 equation[1], false);
     }
   }
   const PendingEquation& top = run.Row(run.PendingCount);
   --s.StepCount;
-  SolverStep(s, "178#Now proceed to solve the equation:", top[0], top[1], false);
+  SolverStep(s, std::to_string(numbers.proceed) + "#Now proceed to solve the equation:", top[0],
+             top[1], false);
   run.SavedLeft = top[0];
   run.SavedRight = top[1];
   return FormStatus::FormChanged;

@@ -49,7 +49,19 @@ std::string PickAlias(Session& s, const std::string& text, const std::string& pr
 // messages of putting back the alias. FormChanged when there are values to go on with (the
 // saved sides then hold the first), FormUnsolvable or FormNoSolution when the nested run ended
 // so. A hint shown inside the nested run leaves HintState at 2.
+// The help numbers of the messages that put the alias back: one value, the first of several, the
+// next, and going on with the first.
+struct AliasBackNumbers {
+  int one;
+  int first;
+  int next;
+  int proceed;
+};
+inline constexpr AliasBackNumbers kExponentialAliasBack = {175, 176, 177, 178};
+inline constexpr AliasBackNumbers kCosineAliasBack = {196, 196, 197, 198};
+inline constexpr AliasBackNumbers kSineAliasBack = {202, 202, 203, 204};
 FormStatus SolveInAlias(Session& s, SolveRun& run, const std::string& alias,
-                        const std::string& replaced);
+                        const std::string& replaced,
+                        const AliasBackNumbers& numbers = kExponentialAliasBack);
 
 }  // namespace tavimor

@@ -21,6 +21,7 @@
 #include "solve/solve_state.h"
 #include "solve/solver_writes.h"
 #include "solve/split_factors.h"
+#include "solve/trig_equations.h"
 
 namespace tavimor {
 
@@ -41,6 +42,9 @@ enum class Next {
 };
 
 // "Has a fraction": a sum with at least one term that is a product with a denominator.
+// A solver of one rung of the ladder of forms.
+using FormSolver = FormStatus (*)(Session&, SolveRun&);
+
 bool HasFraction(Session& s, const std::string& text) {
   if (!IsSumText(s, text)) return false;
   for (const SignedTerm& term : SignedTerms(s, text)) {
@@ -298,9 +302,12 @@ class Driver {
     if (view.OtherTerms != "0") {
       // The rungs of the other forms, each on the moved form and the saved sides, in order:
       // SolveRadical, SolveLogarithmic, SolveTwoTermExponential, SolveExponentialByAlias (the
-      // exponential, logarithmic and radical solvers), SolveSameTrigFunction and
-      // SolveTrigonometric (the trigonometric solvers). Until they come, the ladder goes on to
-      // its last rung.
+      // exponential, logarithmic and radical solvers), then the trigonometric solvers.
+      for (const FormSolver solver : {&SolveSameTrigFunction, &SolveTrigonometric}) {
+        const FormStatus status = solver(s_, run_);
+        if (status == FormStatus::FormNotThisForm) continue;
+        return AfterForm(status);
+      }
       return LastRung();
     }
     // 16.5 A linear or quadratic equation.
@@ -330,6 +337,29 @@ class Driver {
     }
     // 16.6 The unknown has cancelled.
     if (SolveNoUnknown(s_, run_, view.ConstTerm)) return Next::Leave;
+    return Next::Isolate;
+  }
+
+  // What the driver does after a form solver that applied.
+  Next AfterForm(FormStatus status) {
+    if (s_.HintState == 2) return Next::Leave;
+    switch (status) {
+      case FormStatus::FormChanged:
+        run_.WorkLeft = run_.SavedLeft;
+        run_.WorkRight = run_.SavedRight;
+        return Next::Pass;
+      case FormStatus::FormUnsolvable:
+        run_.WorkLeft = run_.Unknown;
+        run_.WorkRight = kUnsolvable;
+        return Next::Isolate;
+      case FormStatus::FormNoSolution:
+        run_.WorkLeft = run_.Unknown;
+        run_.WorkRight = kNoSolution;
+        return Next::Isolate;
+      case FormStatus::FormNotThisForm:
+      case FormStatus::FormAgain:
+      case FormStatus::FormStepped: break;
+    }
     return Next::Isolate;
   }
 
