@@ -48,7 +48,7 @@ bool AngleBack(Session& s, SolveRun& run, const TrigEquation& eq) {
 // A cosine of X alone is left: C*cos(X) stands for the side, and the driver undoes it.
 FormStatus CosineAlone(Session& s, SolveRun& run, const TrigEquation& eq,
                        const std::string& cos_coef, const std::string& right) {
-  run.SavedLeft = TimesText(s, cos_coef, CosOf(eq.x));
+  run.SavedLeft = cos_coef == "0" ? "0" : TimesText(s, cos_coef, CosOf(eq.x));
   run.SavedRight = right;
   AngleBack(s, run, eq);
   return FormStatus::FormChanged;
@@ -200,9 +200,11 @@ FormStatus SolveByPhaseAngle(Session& s, SolveRun& run, const TrigEquation& eq) 
   const AngleCoefficients c = SplitByAngle(s, left, x);
   std::string sin_coef = c.SinCoef;
   std::string cos_coef = c.CosCoef;
+  // With no sine left the side is a cosine of X alone, and the driver undoes it.
+  if (sin_coef == "0") return CosineAlone(s, run, eq, cos_coef, right);
   std::string raw;
   std::string single;
-  if (TryTanForm(s, x, sin_coef, cos_coef, raw, single)) {
+  if (cos_coef != "0" && TryTanForm(s, x, sin_coef, cos_coef, raw, single)) {
     if (TrigStep(s,
                  "206#Get this form by applying a sum-of-angles trig identity on the "
                  "left-hand-side.",
@@ -215,7 +217,6 @@ FormStatus SolveByPhaseAngle(Session& s, SolveRun& run, const TrigEquation& eq) 
     AngleBack(s, run, eq);
     return FormStatus::FormChanged;
   }
-  if (sin_coef == "0") return CosineAlone(s, run, eq, cos_coef, right);
   // 3. A sum as a coefficient is grouped; a negative sine coefficient is made positive.
   const bool grouped = IsSumText(s, sin_coef) || IsSumText(s, cos_coef);
   const bool negated = !IsSumText(s, sin_coef) && NegatedIfNegative(sin_coef);
@@ -244,8 +245,12 @@ FormStatus SolveByPhaseAngle(Session& s, SolveRun& run, const TrigEquation& eq) 
       return FormStatus::FormChanged;
     }
   }
-  // 5. The size and the phase angle.
-  const std::string size = SimplifyText(s, "sqrt((" + sin_coef + ")^2+(" + cos_coef + ")^2)");
+  // 5. The size and the phase angle. A coefficient of sin whose sign is not known keeps its own
+  // sign in the size: S*sin(X)+C*cos(X) = S*sqrt(1+(C/S)^2)*sin(X+arctan(C/S)) for any S.
+  const std::string size =
+      IsNumericText(s, sin_coef)
+          ? SimplifyText(s, "sqrt((" + sin_coef + ")^2+(" + cos_coef + ")^2)")
+          : SimplifyText(s, "(" + sin_coef + ")*sqrt(1+((" + cos_coef + ")/(" + sin_coef + "))^2)");
   std::string phase = SimplifiedCombining(s, "arctan((" + cos_coef + ")/(" + sin_coef + "))");
   // 6. A negative sine coefficient turns the phase by half a turn.
   if (IsNegativeNumericText(s, sin_coef)) {

@@ -2,11 +2,14 @@
 // the forms solved with its messages, the unsolvable ones, and the hints.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "shell/main_flow.h"
 #include "solve/auto_solve.h"
 #include "solve/trig_equations.h"
 #include "solve/trig_forms.h"
 #include "solve/trig_terms.h"
+#include "support/numeric_value.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {
@@ -333,6 +336,25 @@ TEST_F(TrigTest, TripleAngleFitsNoFormAndIsUnsolvable) {
 TEST_F(TrigTest, CosinesOfShiftedAnglesWithNoSineLeftAreSolvedByTheCosine) {
   s.Degrees = true;
   EXPECT_EQ(Solve("cos(x+30)+cos(x-30)=0"), "90");
+}
+
+TEST_F(TrigTest, PhaseAngleWithNoSineLeftIsSolvedByTheCosine) {
+  s.Degrees = true;
+  const std::string answer = Solve("cos(x+30)+cos(x-30)=1");
+  EXPECT_NE(answer.find("arccos("), std::string::npos) << answer;
+  EXPECT_NE(s.HelpNumber, 0);
+}
+
+TEST_F(TrigTest, SineCoefficientWithLettersKeepsItsSignInThePhaseForm) {
+  const std::string answer = Solve("a*sin(x)+b*cos(x)=c");
+  // True for a negative a as well as a positive one.
+  for (const double a : {-2.0, 3.0}) {
+    NumericValue at_answer(s, {{'a', a}, {'b', 1.0}, {'c', 1.0}});
+    const double x = at_answer.Of(answer);
+    ASSERT_TRUE(std::isfinite(x)) << answer;
+    NumericValue at_x(s, {{'a', a}, {'b', 1.0}, {'c', 1.0}, {'x', x}});
+    EXPECT_NEAR(at_x.Of("a*sin(x)+b*cos(x)"), 1.0, 1e-9) << answer << " at a = " << a;
+  }
 }
 
 TEST_F(TrigTest, NothingIsWrittenWithTheResultOnly) {
