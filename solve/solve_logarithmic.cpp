@@ -92,10 +92,12 @@ std::string FoldCoefficient(Session& s, const std::string& side, const std::stri
 std::string LogToLn(Session& s, const std::string& side) {
   std::string text = side;
   for (std::size_t at = text.find("log("); at != std::string::npos; at = text.find("log(")) {
-    const int close = FindCloseBracket(text, static_cast<int>(at) + 3);
-    if (close < 0) break;
-    const std::string a = text.substr(at + 4, static_cast<std::size_t>(close) - at - 4);
-    text = text.substr(0, at) + "(ln(" + a + ")/ln(10))" + text.substr(close + 1);
+    // The bracket after "log" and its partner, both counted from 1.
+    const int close = FindCloseBracket(text, static_cast<int>(at) + 4);
+    if (close == 0) break;
+    const std::size_t end = static_cast<std::size_t>(close) - 1;
+    const std::string a = text.substr(at + 4, end - at - 4);
+    text = text.substr(0, at) + "(ln(" + a + ")/ln(10))" + text.substr(end + 1);
   }
   return SimplifyText(s, text);
 }
