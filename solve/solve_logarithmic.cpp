@@ -131,6 +131,11 @@ FormStatus SolveLogarithmic(Session& s, SolveRun& run) {
     for (std::size_t i = 0; i < right_terms.size(); ++i) {
       if (i + 1 != log_right) right_terms[i].stays = true;
     }
+    // A term with the unknown that is no logarithm (ln(x)^2) would only come back from the
+    // right side on the next pass: gathering cannot end, and the form is not this one.
+    for (std::size_t i = 0; i < left_terms.size(); ++i) {
+      if (!left_terms[i].stays && left_codes[i][3] == 'X') return FormStatus::FormNotThisForm;
+    }
     std::string left = run.SavedLeft;
     std::string right = run.SavedRight;
     // Nothing to move: the form is not one this solver can take further.

@@ -141,6 +141,11 @@ TEST_F(NonPolynomialSolveTest, LogarithmsAreGatheredOnTheLeft) {
             "logarithms end up on the"));
 }
 
+TEST_F(NonPolynomialSolveTest, SquareOfALogarithmIsFactoredRatherThanGatheredForever) {
+  EXPECT_EQ(Solve("ln(x)^2-ln(x)=2"), "1/e; e^2");
+  EXPECT_FALSE(Wrote("Transpose (add or subtract) terms so all logarithms"));
+}
+
 TEST_F(NonPolynomialSolveTest, TermCodesTellWholeFactorLogarithmAndUnknown) {
   EXPECT_EQ(LogTermCode(s, {false, "ln(x)"}, "x"), "+WEX");
   EXPECT_EQ(LogTermCode(s, {true, "log(2)"}, "x"), "-WDN");
