@@ -110,6 +110,15 @@ TEST_F(NonPolynomialSolveTest, CoefficientOnceIsIsolatedNotFolded) {
   EXPECT_TRUE(Wrote("This is an equation in which the unknown occurs just once."));
 }
 
+TEST_F(NonPolynomialSolveTest, CoefficientOfALogarithmGoesInsideBeforeTheAntilog) {
+  // The number 2 goes into the logarithm (ln(x^2)) before both sides are antilogged; the root -1
+  // comes out of the antilog and is left to the check.
+  EXPECT_EQ(Solve("2*ln(x)=ln(x+2)"), "2; -1");
+  EXPECT_TRUE(Wrote("@ln(x^2)=ln(x+2)@"));
+  EXPECT_LT(Where("@ln(x^2)=ln(x+2)@"), Where("Antilog both sides to base e."));
+  EXPECT_TRUE(Wrote("@x^2=x+2@"));
+}
+
 TEST_F(NonPolynomialSolveTest, CoefficientOfALogarithmIsFoldedIntoItsArgument) {
   EXPECT_EQ(FoldCoefficient(s, "2*ln(x)", "x"), "ln(x^2)");
   EXPECT_EQ(FoldCoefficient(s, "ln(x+1)/3", "x"), "ln((x+1)^(1/3))");
