@@ -328,6 +328,23 @@ TEST_F(NonPolynomialSolveTest, UnknownInsideAndOutsideAnExponentIsUnsolvable) {
   EXPECT_EQ(s.HelpNumber, 170);
 }
 
+TEST_F(NonPolynomialSolveTest, WithoutStepsTheAnswersAndTheStepCountAreTheSame) {
+  for (const char* equation :
+       {"sqrt(x)+sqrt(x+1)=3", "sqrt(x+3)=x-3", "ln(x)=ln(2*x-1)", "ln(x)=log(x+1)", "3^(x+1)=5^x",
+        "-2^x=3^x", "e^(2*x)-3*e^x+2=0", "2^(x^2)+2^x=1", "x+ln(x)=0"}) {
+    s.SolveDetail = 1;
+    s.StepCount = 0;
+    const std::string shown = Solve(equation);
+    const int shown_steps = s.StepCount;
+    frontend.work_space.clear();
+    s.SolveDetail = 0;
+    s.StepCount = 0;
+    EXPECT_EQ(Solve(equation), shown) << equation;
+    EXPECT_EQ(s.StepCount, shown_steps) << equation;
+    EXPECT_EQ(Transcript(), "") << equation;
+  }
+}
+
 // Hints.
 
 TEST_F(NonPolynomialSolveTest, HintOfARadicalEquationIsTheSquaring) {
