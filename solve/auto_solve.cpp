@@ -13,11 +13,15 @@
 #include "simplify/simplify_driver.h"
 #include "solve/clear_denominators.h"
 #include "solve/equation_moves.h"
+#include "solve/exponential_alias.h"
 #include "solve/isolate.h"
 #include "solve/polynomial_view.h"
+#include "solve/solve_exponential.h"
 #include "solve/solve_linear.h"
+#include "solve/solve_logarithmic.h"
 #include "solve/solve_no_unknown.h"
 #include "solve/solve_quadratic.h"
+#include "solve/solve_radical.h"
 #include "solve/solve_state.h"
 #include "solve/solver_writes.h"
 #include "solve/split_factors.h"
@@ -149,11 +153,12 @@ class Driver {
       }
       return Next::Pass;
     }
-    // 8. A common factor. (A two-term exponential equation keeps its factor: the test comes with
-    // the exponential solvers.)
+    // 8. A common factor. (A two-term exponential equation keeps its factor: the logarithm of
+    // both sides brings it down.)
     const CommonFactorFinding common =
         FindCommonFactor(s_, run_.WorkLeft, run_.WorkRight, run_.Unknown);
-    if (common.factor != "1" && common.factor != "0") {
+    if (common.factor != "1" && common.factor != "0" &&
+        !IsTwoTermExponential(s_, run_.WorkLeft, run_.WorkRight, run_.Unknown)) {
       const bool right_was_zero = run_.WorkRight == "0";
       run_.WorkLeft =
           ScaleSide(s_, run_.WorkLeft, '/', common.factor, IsSumText(s_, run_.WorkLeft));
@@ -300,11 +305,13 @@ class Driver {
     run_.WorkRight = "0";
     // 16.4 The unknown in some other way than as a power of 1 or 2.
     if (view.OtherTerms != "0") {
-      // The rungs of the other forms, each on the moved form and the saved sides, in order:
-      // SolveRadical, SolveLogarithmic, SolveTwoTermExponential, SolveExponentialByAlias (the
-      // exponential, logarithmic and radical solvers), then the trigonometric solvers.
-      for (const FormSolver solver : {&SolveSameTrigFunction, &SolveTrigonometric}) {
-        const FormStatus status = solver(s_, run_);
+      // The rungs of the other forms, each on the moved form and the saved sides, in order: the
+      // radical, logarithmic and exponential solvers, then the trigonometric ones.
+      for (const FormSolver rung :
+           {&SolveRadical, &SolveLogarithmic, &SolveTwoTermExponential, &SolveExponentialByAlias,
+            &SolveSameTrigFunction, &SolveTrigonometric}) {
+        const FormStatus status = rung(s_, run_);
+        if (s_.HintState == 2) return Next::Leave;
         if (status == FormStatus::FormNotThisForm) continue;
         return AfterForm(status);
       }
@@ -443,6 +450,9 @@ void AutoSolve(Session& s, const std::string& equation, const std::string& unkno
   ScopedOverride extra(s.ExtraUnknown, unknown);
   ScopedOverride reciprocal(s.ExponentToReciprocal, true);
   ScopedOverride radical(s.ExponentToRadical, true);
+  // Powers and logarithms keep the unknown's coefficients where they stand: x*log(3) is not
+  // folded back into log(3^x) once the exponent has been brought down.
+  ScopedOverride protect(s.ProtectedExponent, unknown);
   answers.clear();
   SolveRun run;
   run.Unknown = unknown;
