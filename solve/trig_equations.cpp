@@ -279,8 +279,7 @@ FormStatus SolveSameTrigFunction(Session& s, SolveRun& run) {
   run.SavedLeft = left;
   run.SavedRight = right;
   // 5.
-  if (s.SolveDetail > 0 &&
-      TrigStep(s,
+  if (TrigStep(s,
                "399#This is a trig equation containing the same trig function of the same angle.  "
                "Temporarily replace the trig function @" +
                    t + "@ with the alias " + q + " and proceed to solve for " + q + ".",

@@ -357,6 +357,21 @@ TEST_F(TrigTest, SineCoefficientWithLettersKeepsItsSignInThePhaseForm) {
   }
 }
 
+TEST_F(TrigTest, EachFormGivesTheSameAnswersAndStepCountWithoutItsSteps) {
+  for (const char* equation :
+       {"2*sin(x)^2-sin(x)=1", "3*sin(x)+4*cos(x)=0", "sin(x+1)+cos(x)=1", "sin(2*x)+sin(x)=0",
+        "sin(2*x)+cos(x)=0", "cos(2*x)+cos(x)=0", "sin(x)+cos(2*x)=1", "sin(4*x)+sin(2*x)=0"}) {
+    s.SolveDetail = 1;
+    s.StepCount = 0;
+    const std::string shown = Solve(equation);
+    const int shown_steps = s.StepCount;
+    s.SolveDetail = 0;
+    s.StepCount = 0;
+    EXPECT_EQ(Solve(equation), shown) << equation;
+    EXPECT_EQ(s.StepCount, shown_steps) << equation;
+  }
+}
+
 TEST_F(TrigTest, NothingIsWrittenWithTheResultOnly) {
   s.SolveDetail = 0;
   EXPECT_EQ(Solve("sin(4*x)+sin(2*x)=0"), "0; 1/2*arccos(-1/2)");
@@ -381,6 +396,16 @@ TEST_F(TrigTest, HintOfTheDoubleSineFormNamesTheIdentity) {
                        0),
             0u);
   EXPECT_EQ(s.HelpNumber, 185);
+}
+
+TEST_F(TrigTest, HintOfTheDoubleSineWithCosineFactorsByTheCosine) {
+  EXPECT_EQ(Hint("sin(2*x)+cos(x)=0"),
+            "This is a trigonometric equation of the form\n     @A*cos(x)+B*sin(2x)=0@ .  \nUse "
+            "the trigonometric identity \n     @sin(2x)=2*sin(x)*cos(x)@  \nto convert it to\n   "
+            " @A*cos(x)+2*B*sin(x)*cos(x)=0@ .\nThen factor to convert it to \n     "
+            "@cos(x)*(A+2*B*sin(x))=0@ .\nThen replace it with two new equations:\n     "
+            "@cos(x)=0@  \nand\n     @A+2*B*sin(x)=0@ .\n");
+  EXPECT_EQ(s.HelpNumber, 189);
 }
 
 TEST_F(TrigTest, HintOfAnAliasSaysWhereAndBack) {
