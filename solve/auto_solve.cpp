@@ -13,14 +13,19 @@
 #include "simplify/simplify_driver.h"
 #include "solve/clear_denominators.h"
 #include "solve/equation_moves.h"
+#include "solve/exponential_alias.h"
 #include "solve/isolate.h"
 #include "solve/polynomial_view.h"
+#include "solve/solve_exponential.h"
 #include "solve/solve_linear.h"
+#include "solve/solve_logarithmic.h"
 #include "solve/solve_no_unknown.h"
 #include "solve/solve_quadratic.h"
+#include "solve/solve_radical.h"
 #include "solve/solve_state.h"
 #include "solve/solver_writes.h"
 #include "solve/split_factors.h"
+#include "solve/trig_equations.h"
 
 namespace tavimor {
 
@@ -41,6 +46,9 @@ enum class Next {
 };
 
 // "Has a fraction": a sum with at least one term that is a product with a denominator.
+// A solver of one rung of the ladder of forms.
+using FormSolver = FormStatus (*)(Session&, SolveRun&);
+
 bool HasFraction(Session& s, const std::string& text) {
   if (!IsSumText(s, text)) return false;
   for (const SignedTerm& term : SignedTerms(s, text)) {
@@ -145,11 +153,12 @@ class Driver {
       }
       return Next::Pass;
     }
-    // 8. A common factor. (A two-term exponential equation keeps its factor: the test comes with
-    // the exponential solvers.)
+    // 8. A common factor. (A two-term exponential equation keeps its factor: the logarithm of
+    // both sides brings it down.)
     const CommonFactorFinding common =
         FindCommonFactor(s_, run_.WorkLeft, run_.WorkRight, run_.Unknown);
-    if (common.factor != "1" && common.factor != "0") {
+    if (common.factor != "1" && common.factor != "0" &&
+        !IsTwoTermExponential(s_, run_.WorkLeft, run_.WorkRight, run_.Unknown)) {
       const bool right_was_zero = run_.WorkRight == "0";
       run_.WorkLeft =
           ScaleSide(s_, run_.WorkLeft, '/', common.factor, IsSumText(s_, run_.WorkLeft));
@@ -296,11 +305,16 @@ class Driver {
     run_.WorkRight = "0";
     // 16.4 The unknown in some other way than as a power of 1 or 2.
     if (view.OtherTerms != "0") {
-      // The rungs of the other forms, each on the moved form and the saved sides, in order:
-      // SolveRadical, SolveLogarithmic, SolveTwoTermExponential, SolveExponentialByAlias (the
-      // exponential, logarithmic and radical solvers), SolveSameTrigFunction and
-      // SolveTrigonometric (the trigonometric solvers). Until they come, the ladder goes on to
-      // its last rung.
+      // The rungs of the other forms, each on the moved form and the saved sides, in order: the
+      // radical, logarithmic and exponential solvers, then the trigonometric ones.
+      for (const FormSolver rung :
+           {&SolveRadical, &SolveLogarithmic, &SolveTwoTermExponential, &SolveExponentialByAlias,
+            &SolveSameTrigFunction, &SolveTrigonometric}) {
+        const FormStatus status = rung(s_, run_);
+        if (s_.HintState == 2) return Next::Leave;
+        if (status == FormStatus::FormNotThisForm) continue;
+        return AfterForm(status);
+      }
       return LastRung();
     }
     // 16.5 A linear or quadratic equation.
@@ -330,6 +344,29 @@ class Driver {
     }
     // 16.6 The unknown has cancelled.
     if (SolveNoUnknown(s_, run_, view.ConstTerm)) return Next::Leave;
+    return Next::Isolate;
+  }
+
+  // What the driver does after a form solver that applied.
+  Next AfterForm(FormStatus status) {
+    if (s_.HintState == 2) return Next::Leave;
+    switch (status) {
+      case FormStatus::FormChanged:
+        run_.WorkLeft = run_.SavedLeft;
+        run_.WorkRight = run_.SavedRight;
+        return Next::Pass;
+      case FormStatus::FormUnsolvable:
+        run_.WorkLeft = run_.Unknown;
+        run_.WorkRight = kUnsolvable;
+        return Next::Isolate;
+      case FormStatus::FormNoSolution:
+        run_.WorkLeft = run_.Unknown;
+        run_.WorkRight = kNoSolution;
+        return Next::Isolate;
+      case FormStatus::FormNotThisForm:
+      case FormStatus::FormAgain:
+      case FormStatus::FormStepped: break;
+    }
     return Next::Isolate;
   }
 
@@ -413,6 +450,9 @@ void AutoSolve(Session& s, const std::string& equation, const std::string& unkno
   ScopedOverride extra(s.ExtraUnknown, unknown);
   ScopedOverride reciprocal(s.ExponentToReciprocal, true);
   ScopedOverride radical(s.ExponentToRadical, true);
+  // Powers and logarithms keep the unknown's coefficients where they stand: x*log(3) is not
+  // folded back into log(3^x) once the exponent has been brought down.
+  ScopedOverride protect(s.ProtectedExponent, unknown);
   answers.clear();
   SolveRun run;
   run.Unknown = unknown;

@@ -43,10 +43,24 @@ void SplitEquation(const std::string& equation, std::string& left, std::string& 
   right = eq == std::string::npos ? "0" : equation.substr(eq + 1);
 }
 
-// One side with the answer put in for the unknown, in brackets, and simplified in floating
-// point. Names of functions and numbers are passed over; every other letter is a letter.
+// One side with the answer put in for the unknown, and simplified in floating point.
 std::string SubstitutedSide(Session& s, const std::string& side, const std::string& unknown,
                             const std::string& value) {
+  const std::string text = PutValueForLetter(s, side, unknown, value);
+  ScopedOverride exact(s.ExactToFloat, true);
+  ScopedOverride inverse_trig(s.EvaluateInverseTrig, std::int16_t{1});
+  return SimplifyText(s, text);
+}
+
+bool IsDomainError(const RunTimeError& e) {
+  return e.Number() == RunTimeErrorNumber::InvalidCall ||
+         e.Number() == RunTimeErrorNumber::DivisionByZero;
+}
+
+}  // namespace
+
+std::string PutValueForLetter(Session& s, const std::string& side, const std::string& unknown,
+                              const std::string& value) {
   std::string text;
   const int length = static_cast<int>(side.size());
   for (int position = 1; position <= length;) {
@@ -77,15 +91,10 @@ std::string SubstitutedSide(Session& s, const std::string& side, const std::stri
     }
     ++position;
   }
-  ScopedOverride exact(s.ExactToFloat, true);
-  ScopedOverride inverse_trig(s.EvaluateInverseTrig, std::int16_t{1});
-  return SimplifyText(s, text);
+  return text;
 }
 
-bool IsDomainError(const RunTimeError& e) {
-  return e.Number() == RunTimeErrorNumber::InvalidCall ||
-         e.Number() == RunTimeErrorNumber::DivisionByZero;
-}
+namespace {
 
 // The value of a text with the unit of the options in it; nothing when it cannot be taken.
 std::optional<Complex> ComplexValueOf(Session& s, const std::string& text) {

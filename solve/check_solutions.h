@@ -19,6 +19,10 @@ std::vector<std::string> UnknownCandidates(Session& s, const std::string& text);
 // The letters that could be the unknown; the count, or -1 when s.Unknown is among them;
 // `letter` becomes the candidate after the current one, or the first.
 int ChooseUnknown(Session& s, const std::string& equation, std::string& letter);
+// The text with `value` put in for the letter: in brackets, unless it is a number without a sign
+// or the whole argument of a function. Names of functions and numbers are passed over.
+std::string PutValueForLetter(Session& s, const std::string& side, const std::string& unknown,
+                              const std::string& value);
 // Repeated answers, "no-solution" and "unsolvable" pieces removed; each one counts as rejected.
 void CleanAnswers(std::string& answers, int& rejected);
 // Each answer substituted into both sides, simplified and evaluated; an answer that does not

@@ -220,6 +220,21 @@ json=$("$cli" --json "x+1=x+2" solve 2>/dev/null)
 contains "json of solve with no solution" "$json" '"answers": ["no-solution"]'
 json=$("$cli" --json "x=x" solve 2>/dev/null)
 contains "json of solve of an identity" "$json" '"answers": ["any-value"]'
+json=$("$cli" --json "sqrt(x+3)=x-3" solve 2>/dev/null)
+contains "json of solve of a radical equation keeps the root that checks out" "$json" \
+  '"answers": ["6"]' 'This is a radical equation with the radical term isolated.  Square both sides.'
+json=$("$cli" --json "e^(2*x)-3*e^x+2=0" solve 2>/dev/null)
+contains "json of solve of an exponential equation by an alias" "$json" \
+  '"answers": ["ln(2)", "0"]' 'Temporarily replace the exponential @e^x@ with the alias Q'
+out=$("$cli" "3^(x+1)=5^x" hint 2>/dev/null)
+contains "hint of a two-term exponential equation" "$out" \
+  "This is an exponential equation with exactly one term on each side of the equation."
+json=$("$cli" --json --set "Degrees=True" "sin(x+30)+cos(x)=1" solve 2>/dev/null)
+contains "json of solve of a trigonometric equation in degrees" "$json" \
+  '"answers": ["arcsin(1/3*sqrt(3))-60"]' 'Combine the sin and cos into a sin with a phase angle.'
+json=$("$cli" --json "sin(2x)+sin(x)=0" hint 2>/dev/null)
+contains "json of the hint of a double angle" "$json" \
+  'This is a trigonometric equation of the form\n     @A*sin(x)+B*sin(2x)=0@ .' '"help": 185'
 json=$("$cli" --json "2x+3=7" left 2>/dev/null)
 case "$json" in
   *'"answers"'*) echo "FAIL: json without a solve has answers"; failures=$((failures + 1)) ;;

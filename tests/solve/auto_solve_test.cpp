@@ -144,7 +144,7 @@ TEST_F(AutoSolveTest, SidesThatSimplifyAreWrittenOnce) {
 }
 
 TEST_F(AutoSolveTest, AnEquationBeyondTheBuiltFormsIsUnsolvable) {
-  EXPECT_EQ(Solve("x+sin(x)=1"), "unsolvable");
+  EXPECT_EQ(Solve("x^x=2"), "unsolvable");
   EXPECT_TRUE(Wrote("Transpose (add or subtract) everything to the left side of the equation."));
   EXPECT_TRUE(Wrote("This equation is unsolvable with this version of the program."));
   EXPECT_EQ(s.HelpNumber, 114);
@@ -214,7 +214,7 @@ TEST_F(AutoSolveHint, SolvedEquationHintsThatItIsSolved) {
 }
 
 TEST_F(AutoSolveHint, UnsolvableLineIsTheHint) {
-  Solve("x+sin(x)=1");
+  Solve("x^x=2");
   ASSERT_EQ(frontend.hints.size(), 1u);
   EXPECT_EQ(frontend.hints[0], "This equation is unsolvable with this version of the program.\n");
 }
