@@ -2,6 +2,9 @@
 // that exponential replaced by an alias, the equation in the alias solved, the alias put back.
 #include "solve/exponential_alias.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "core/brackets.h"
 #include "core/node_pool.h"
 #include "core/number_text.h"

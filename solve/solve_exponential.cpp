@@ -125,8 +125,7 @@ ExponentialSplit SplitExponentialTerm(Session& s, const std::string& term,
   return split;
 }
 
-std::vector<ExponentialRow> ListExponentials(Session& s, const ExponentialSplit& split,
-                                             const std::string& /*unknown*/) {
+std::vector<ExponentialRow> ListExponentials(Session& s, const ExponentialSplit& split) {
   std::vector<ExponentialRow> rows;
   if (split.Coefficient != "1") rows.push_back({'+', "", split.Coefficient});
   if (split.Exponentials == "1") return rows;
@@ -244,8 +243,8 @@ FormStatus SolveTwoTermExponential(Session& s, SolveRun& run) {
     }
     head_used = true;
   }
-  const std::vector<ExponentialRow> rows_left = ListExponentials(s, split_left, x);
-  const std::vector<ExponentialRow> rows_right = ListExponentials(s, split_right, x);
+  const std::vector<ExponentialRow> rows_left = ListExponentials(s, split_left);
+  const std::vector<ExponentialRow> rows_right = ListExponentials(s, split_right);
   bool has_e = false;
   bool has_10 = false;
   for (const std::vector<ExponentialRow>* rows : {&rows_left, &rows_right}) {

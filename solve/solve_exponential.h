@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/session.h"
 #include "solve/solve_state.h"
@@ -30,8 +31,7 @@ struct ExponentialRow {
   std::string Exponent;
   std::string Base;
 };
-std::vector<ExponentialRow> ListExponentials(Session& s, const ExponentialSplit& split,
-                                             const std::string& unknown);
+std::vector<ExponentialRow> ListExponentials(Session& s, const ExponentialSplit& split);
 
 // The logarithm of both sides of a two-term exponential equation, each exponent brought down.
 // FormNotThisForm when the moved form is no two-term exponential; FormNoSolution when the signs

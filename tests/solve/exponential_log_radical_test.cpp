@@ -251,7 +251,7 @@ TEST_F(NonPolynomialSolveTest, TermSplitsIntoCoefficientAndExponentials) {
   const ExponentialSplit split = SplitExponentialTerm(s, "5*2^x/7", "x");
   EXPECT_EQ(split.Coefficient, "5/7");
   EXPECT_EQ(split.Exponentials, "2^x");
-  const std::vector<ExponentialRow> rows = ListExponentials(s, split, "x");
+  const std::vector<ExponentialRow> rows = ListExponentials(s, split);
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[0].Exponent, "");
   EXPECT_EQ(rows[0].Base, "5/7");
