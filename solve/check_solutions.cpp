@@ -43,18 +43,35 @@ void SplitEquation(const std::string& equation, std::string& left, std::string& 
   right = eq == std::string::npos ? "0" : equation.substr(eq + 1);
 }
 
-// One side with the answer put in for the unknown, and simplified in floating point.
-std::string SubstitutedSide(Session& s, const std::string& side, const std::string& unknown,
-                            const std::string& value) {
-  const std::string text = PutValueForLetter(s, side, unknown, value);
-  ScopedOverride exact(s.ExactToFloat, true);
+bool IsDomainError(const RunTimeError& e) {
+  return e.Number() == RunTimeErrorNumber::InvalidCall ||
+         e.Number() == RunTimeErrorNumber::DivisionByZero;
+}
+
+std::string SimplifiedWith(Session& s, const std::string& text, bool to_float) {
+  ScopedOverride exact(s.ExactToFloat, to_float);
   ScopedOverride inverse_trig(s.EvaluateInverseTrig, std::int16_t{1});
   return SimplifyText(s, text);
 }
 
-bool IsDomainError(const RunTimeError& e) {
-  return e.Number() == RunTimeErrorNumber::InvalidCall ||
-         e.Number() == RunTimeErrorNumber::DivisionByZero;
+bool HasRealValue(Session& s, const std::string& text) {
+  try {
+    return RealValueOf(s, text).has_value();
+  } catch (const RunTimeError& e) {
+    if (!IsDomainError(e)) throw;
+    return false;
+  }
+}
+
+// One side with the answer put in for the unknown, and simplified in floating point. An odd root
+// of a negative number, (-8)^(1/3), is real only while its exponent is an exact fraction: when
+// the floating-point form has no real value, the side is simplified exactly first.
+std::string SubstitutedSide(Session& s, const std::string& side, const std::string& unknown,
+                            const std::string& value) {
+  const std::string text = PutValueForLetter(s, side, unknown, value);
+  const std::string floated = SimplifiedWith(s, text, true);
+  if (s.ComplexForm != 0 || HasRealValue(s, floated)) return floated;
+  return SimplifiedWith(s, SimplifiedWith(s, text, false), true);
 }
 
 }  // namespace

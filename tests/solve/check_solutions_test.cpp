@@ -55,6 +55,16 @@ TEST_F(SolutionCheck, AnswerWithoutARealValueIsRejected) {
       << Transcript();
 }
 
+TEST_F(SolutionCheck, AnOddRootOfANegativeAnswerIsReal) {
+  EXPECT_EQ(Check("x^(1/3)=-2", "-8"), "-8");
+  EXPECT_EQ(rejected, 0);
+  EXPECT_EQ(Transcript(),
+            "Check the solution.  Substitute @x=-8@ back into the original equation.\n"
+            "After simplifying, the equation reads @-2=-2@ , so this solution checks out.\n\n");
+  EXPECT_EQ(Check("x^(2/3)=4", "8; -8"), "8; -8");
+  EXPECT_EQ(Check("x^(1/4)=2", "-16"), "no-solution");  // an even root stays unreal
+}
+
 TEST_F(SolutionCheck, ComplexAnswersCheckOutWithTheirImaginaryParts) {
   s.ComplexForm = 1;
   EXPECT_EQ(Check("x^2+2*x+5=0", "2*i-1; 2*i+1"), "2*i-1");
