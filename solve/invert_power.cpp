@@ -214,6 +214,12 @@ void InvertBase(Session& s, SolveRun& run, const std::string& base, const std::s
   // B^(2*m) = R is (B^m)^2 = R: both roots are kept, as for a square.
   const std::string half = HalfOfEvenExponent(s, exponent);
   const std::string square_base = half.empty() ? base : base + "^" + AsExponent(s, half);
+  if (!half.empty() && s.ComplexForm == 0 && right != "0" && IsNegativeValue(s, right)) {
+    // An even power is never negative: said as for any power with no real root.
+    right = kNoSolution;
+    message = "222#This equation has no solution over the real numbers.";
+    return;
+  }
   if (!half.empty()) left = "(" + square_base + ")^2";
   if (exponent == "2" || !half.empty()) {
     if (right == "0") {
