@@ -21,6 +21,7 @@ constexpr const char* kUsage =
   tavimor-cli [OPTIONS] ITEM [COMMAND ...]   load ITEM as OK does, run the commands, print the work space
   tavimor-cli [OPTIONS] --batch FILE         one ITEM, a tab and COMMANDs per line
   tavimor-cli [OPTIONS] tree ITEM            show how ITEM is read, one node per line
+  tavimor-cli help [N | index | program]    a help page as text: topic N, the index, the program
   tavimor-cli [OPTIONS]                      the interactive tutor
 
 ITEM is an expression, an equation, a number, a fraction or a set of equations

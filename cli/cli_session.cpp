@@ -9,6 +9,7 @@
 #include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/file_commands.h"
+#include "shell/help_topics.h"
 #include "shell/main_flow.h"
 #include "shell/option_keys.h"
 
@@ -28,6 +29,7 @@ bool StartSession(Session& s, const CliOptions& options, std::string& error) {
   }
   if (!streaming_given) s.StreamingOutput = true;
   StartUp(s, options.decimal_comma ? "," : ".");
+  LoadHelpTopics(s, ProgramDirectory());
   return true;
 }
 

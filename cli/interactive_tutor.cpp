@@ -8,6 +8,7 @@
 #include "cli/cli_session.h"
 #include "cli/command_guess.h"
 #include "cli/course_list.h"
+#include "cli/help_command.h"
 #include "cli/line_editor.h"
 #include "cli/list_editor_view.h"
 #include "cli/run_item.h"
@@ -95,6 +96,9 @@ void PrintHelp(std::ostream& out) {
          "  next                  load the next problem of the file\n"
          "  load ITEM             load ITEM even when it looks like a command\n"
          "  edit-list             the list editor on the file's topics and problems\n"
+         "  help N                the help page of topic N; help index lists the pages,\n"
+         "                        help step shows the page of the last step, help program\n"
+         "                        how to use the tutor\n"
          "  quit                  end the session\n"
          "Anything else is loaded as a new item.\n";
 }
@@ -161,6 +165,10 @@ class InteractiveTutor {
     }
     if (line == "help") {
       PrintHelp(std::cout);
+    } else if (line == "help step") {
+      frontend_.ShowHelp(s_.HelpNumber);
+    } else if (line.rfind("help ", 0) == 0) {
+      RunHelpCommand(s_, {line.substr(5)}, std::cout, std::cerr);
     } else if (line == "status") {
       PrintStatus(s_, std::cout);
     } else if (line.rfind("status ", 0) == 0) {

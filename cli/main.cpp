@@ -7,6 +7,7 @@
 #include "cli/cli_options.h"
 #include "cli/cli_session.h"
 #include "cli/course_list.h"
+#include "cli/help_command.h"
 #include "cli/interactive_tutor.h"
 #include "cli/run_item.h"
 #include "cli/tree_command.h"
@@ -41,6 +42,10 @@ int Main(int argc, char** argv) {
   if (args[i] == "tree") {
     if (i + 2 != args.size()) return Usage("tree takes exactly one ITEM (quote it).");
     return RunTreeCommand(run->s, args[i + 1], std::cout);
+  }
+  if (args[i] == "help") {
+    const std::vector<std::string> words(args.begin() + 1, args.end());
+    return RunHelpCommand(run->s, words, std::cout, std::cerr);
   }
   Session& s = run->s;
   if (!OpenFile(s, options)) return kExitRefused;

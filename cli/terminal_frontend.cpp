@@ -7,7 +7,9 @@
 #include <iostream>
 
 #include "cli/graph_view.h"
+#include "cli/help_command.h"
 #include "present/text_picture.h"
+#include "shell/help_topics.h"
 
 namespace tavimor {
 
@@ -311,7 +313,31 @@ bool TerminalFrontend::AskValueAgain(const std::string& letter) {
 
 void TerminalFrontend::ShowHelp(int help_number) {
   Flush();
-  err_ << "(help topic " << help_number << ")\n" << std::flush;
+  if (s_ != nullptr && tavimor::ShowHelp(*s_, help_number)) return;
+  if (help_number == 0) {
+    err_ << "This step has no help topic.\n" << std::flush;
+  } else {
+    err_ << "There is no help page for topic " << help_number << ".\n" << std::flush;
+  }
+}
+
+void TerminalFrontend::OpenHelpPage(const std::string& path) {
+  Flush();
+  if (s_ != nullptr) PrintHelpPageFile(*s_, path, out_, err_);
+}
+
+void TerminalFrontend::ShowTreeView(const std::vector<TreeViewEntry>& entries) {
+  std::vector<std::string> lines;
+  for (const TreeViewEntry& entry : entries) {
+    lines.push_back(std::string(static_cast<std::size_t>(2 * entry.depth), ' ') + entry.label);
+  }
+  if (!live_) {  // a one-shot run shows it with the dialogs, after the work space
+    dialog_lines_ = lines;
+    return;
+  }
+  Flush();
+  for (const std::string& line : lines) out_ << line << '\n';
+  out_ << std::flush;
 }
 
 std::optional<int> TerminalFrontend::AskSignificantFigures(const std::string& number, int figures) {

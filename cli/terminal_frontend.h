@@ -65,7 +65,12 @@ class TerminalFrontend : public Frontend, public GraphWindowHost {
       const std::vector<std::string>& letters,
       const std::vector<std::string>& suggestions) override;
   bool AskValueAgain(const std::string& letter) override;
+  // The page of the topic, printed as text; a topic without a page is told on the error stream.
   void ShowHelp(int help_number) override;
+  void OpenHelpPage(const std::string& path) override;
+  // The tree printed one node a line, two blanks of indentation a level, as the tree command
+  // prints it; a one-shot run keeps its lines with the dialog's.
+  void ShowTreeView(const std::vector<TreeViewEntry>& entries) override;
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
   bool ShowFactorForm(const std::string& box, const std::string& caption) override;
   // Draws the graph: kept for the JSON, written to the --plot file, sketched when live.

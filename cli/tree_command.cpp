@@ -30,19 +30,8 @@ void PrintSideOfSet(Session& s, const std::string& text, std::ostream& out) {
 }  // namespace
 
 void PrintTree(const Session& s, NodeIdx root, std::ostream& out) {
-  std::vector<std::pair<NodeIdx, int>> pending{{root, 0}};
-  while (!pending.empty()) {
-    const auto [n, depth] = pending.back();
-    pending.pop_back();
-    out << std::string(static_cast<std::size_t>(2 * depth), ' ') << NodeText1(s, n) << '\n';
-    std::vector<NodeIdx> children;
-    for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
-      children.push_back(c);
-      if (children.size() > static_cast<std::size_t>(kPoolSize)) return;
-    }
-    for (auto it = children.rbegin(); it != children.rend(); ++it) {
-      pending.emplace_back(*it, depth + 1);
-    }
+  for (const TreeViewEntry& entry : TreeViewEntries(s, root)) {
+    out << std::string(static_cast<std::size_t>(2 * entry.depth), ' ') << entry.label << '\n';
   }
 }
 

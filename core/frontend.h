@@ -15,6 +15,12 @@ using RichText = std::vector<RichRun>;
 
 enum class MessageIcon { Information, Critical, Exclamation };
 
+// One entry of the expression tree view: its depth below the root (0 for the root) and its label.
+struct TreeViewEntry {
+  int depth = 0;
+  std::string label;
+};
+
 // The answer to a question with Yes, No and Cancel.
 enum class YesNoCancel { Yes, No, Cancel };
 
@@ -62,8 +68,13 @@ class Frontend {
   // The value given for the letter was refused, and its message shown. True when the front end
   // can ask for it again; one whose values were fixed beforehand says no, and the command ends.
   virtual bool AskValueAgain(const std::string& /*letter*/) { return true; }
-  // The help topic with that number.
+  // The help topic with that number. The window and the terminal look it up in the help topic
+  // map (shell/help_topics.h), which then asks for the page with OpenHelpPage.
   virtual void ShowHelp(int help_number) = 0;
+  // Shows a help page, a file the help topic map led to: in a help browser, or as text.
+  virtual void OpenHelpPage(const std::string& /*path*/) {}
+  // The tree view of a side: every node of its tree, the root first, each before its children.
+  virtual void ShowTreeView(const std::vector<TreeViewEntry>& /*entries*/) {}
 
   // The number tools of the Number panel.
   // The significant-figures dialog on the number, its figures box starting at `figures` (1 to

@@ -11,6 +11,7 @@
 #include "core/expr_node.h"
 #include "core/form_state.h"
 #include "core/frontend.h"
+#include "core/help_tables.h"
 
 namespace tavimor {
 
@@ -166,6 +167,9 @@ class Session : public OptionSet, public CommandState, public OpenList {
   // The function name table, filled by InitFunctionTable.
   std::array<std::string, kFunctionCount + 1> FunctionNames{};  // 1-based
   std::array<std::int16_t, kFunctionCount + 1> FunctionNameLengths{};
+
+  // The help topic map, read at start-up beside the executable (shell/help_topics.h).
+  HelpTables Help;
 
   char Dp() const { return DecimalPoint.empty() ? '.' : DecimalPoint[0]; }
 

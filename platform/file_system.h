@@ -24,6 +24,8 @@ std::string LinkTarget(const std::string& path);
 // system's error number; a file it could not finish is removed.
 int WriteNewFileToDisk(const std::string& path, const std::string& bytes, unsigned mode,
                        bool exact_mode);
+// The folder the running program stands in; empty if it cannot be found.
+std::string ProgramDirectory();
 // Removes a file (never a folder); false when there was none or it could not go.
 bool RemoveFile(const std::string& path);
 // Flushes a folder's entries to the disk, so that a rename in it lasts.

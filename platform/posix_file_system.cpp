@@ -23,6 +23,15 @@ PathFacts FactsOf(const std::string& path) {
   return facts;
 }
 
+std::string ProgramDirectory() {
+  char buffer[PATH_MAX];
+  const ssize_t length = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
+  if (length <= 0) return "";
+  const std::string program(buffer, static_cast<std::size_t>(length));
+  const std::size_t slash = program.rfind('/');
+  return slash == std::string::npos ? "" : program.substr(0, slash);
+}
+
 std::string LinkTarget(const std::string& path) {
   std::string target = path;
   for (int depth = 0; depth < 40; ++depth) {

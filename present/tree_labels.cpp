@@ -34,4 +34,25 @@ std::string NodeText2(const Session& s, NodeIdx n) { return OperatorLabel(s, n, 
 
 std::string NodeText3(const Session& s, NodeIdx n) { return OperatorLabel(s, n, true); }
 
+std::vector<TreeViewEntry> TreeViewEntries(const Session& s, NodeIdx root) {
+  std::vector<TreeViewEntry> entries;
+  std::vector<std::pair<NodeIdx, int>> pending{{root, 0}};
+  while (!pending.empty()) {
+    const auto [n, depth] = pending.back();
+    pending.pop_back();
+    entries.push_back({depth, NodeText1(s, n)});
+    // A broken tree that loops is cut off at the size of the pool.
+    if (entries.size() > static_cast<std::size_t>(kPoolSize)) break;
+    std::vector<NodeIdx> children;
+    for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+      children.push_back(c);
+      if (children.size() > static_cast<std::size_t>(kPoolSize)) return entries;
+    }
+    for (auto it = children.rbegin(); it != children.rend(); ++it) {
+      pending.emplace_back(*it, depth + 1);
+    }
+  }
+  return entries;
+}
+
 }  // namespace tavimor

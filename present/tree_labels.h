@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/session.h"
 
@@ -16,5 +17,9 @@ std::string NodeText1(const Session& s, NodeIdx n);
 std::string NodeText2(const Session& s, NodeIdx n);
 // As NodeText2, with "*" and "+" also on a first child.
 std::string NodeText3(const Session& s, NodeIdx n);
+
+// The entries of the tree view of a node: the node with its full label, then the entries of each
+// of its children in order, one level deeper.
+std::vector<TreeViewEntry> TreeViewEntries(const Session& s, NodeIdx root);
 
 }  // namespace tavimor

@@ -27,6 +27,7 @@
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
 #include "shell/file_commands.h"
+#include "shell/help_topics.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 #include "shell/version.h"
@@ -113,6 +114,9 @@ void StatusPanel::mousePressEvent(QMouseEvent* event) {
 
 MainWindow::MainWindow(Session& s, SettingsStore* store, std::string program_directory)
     : s_(s), store_(store), program_directory_(std::move(program_directory)) {
+  // The help locations beside the program, and the session the window's help looks them up in.
+  LoadHelpTopics(s_, program_directory_);
+  if (auto* screen = dynamic_cast<QtFrontend*>(&s_.Screen())) screen->AttachSession(s_);
   if (store_ != nullptr) {
     LoadSettings(s_, *store_, program_directory_, recent_);
     UpdateStatusPanel(s_);
@@ -302,6 +306,13 @@ void MainWindow::BuildMenus() {
   menuBar()->addAction(QStringLiteral("Algebra &Options"), this, &MainWindow::ShowOptions);
   UpdateRecentMenu();
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+  help->addAction(QStringLiteral("Help with using this &program"), this, [this] {
+    if (auto* screen = dynamic_cast<QtFrontend*>(&s_.Screen())) screen->OpenProgramHelp();
+  });
+  help->addAction(QStringLiteral("Help with algebra"), this, [this] {
+    if (auto* screen = dynamic_cast<QtFrontend*>(&s_.Screen())) screen->OpenAlgebraHelp();
+  });
+  // F1: the help topic of the step written last.
   help->addAction(QStringLiteral("Help on the last &step"), QKeySequence(Qt::Key_F1), this,
                   [this] { s_.Screen().ShowHelp(s_.HelpNumber); });
   help->addAction(QStringLiteral("&About The Tavimor"), this, [this] {

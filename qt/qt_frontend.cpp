@@ -11,14 +11,19 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <iostream>
 
 #include "linsys/sys_eq_form.h"
+#include "platform/file_system.h"
 #include "qt/graph_form.h"
 #include "qt/main_window.h"
 #include "qt/sys_eq_form.h"
+#include "qt/tree_form.h"
+#include "shell/commands/tree_view_command.h"
+#include "shell/help_topics.h"
 
 namespace tavimor {
 
@@ -94,21 +99,43 @@ PauseInput QtFrontend::WaitButton(const std::string&, float x, float y) {
   return dialog.Input();
 }
 
+CustomMsgBox::CustomMsgBox(QWidget* parent, const QString& text, int help_number, MessageIcon icon,
+                           std::function<void(int)> show_help)
+    : QMessageBox(icon == MessageIcon::Critical      ? QMessageBox::Critical
+                  : icon == MessageIcon::Exclamation ? QMessageBox::Warning
+                                                     : QMessageBox::Information,
+                  QStringLiteral("The Tavimor"), text, QMessageBox::Ok, parent),
+      help_(addButton(QStringLiteral("Help"), QMessageBox::HelpRole)),
+      help_number_(help_number),
+      show_help_(std::move(show_help)) {
+  setObjectName(QStringLiteral("CustomMsgBox"));
+  help_->setObjectName(QStringLiteral("cmdHelp"));
+  button(QMessageBox::Ok)->setObjectName(QStringLiteral("cmdOK"));
+  help_->setEnabled(help_number_ != 0);
+  // The box would close on any of its buttons: Help shows the topic instead, and the box stays.
+  QObject::disconnect(help_, &QAbstractButton::clicked, nullptr, nullptr);
+  QObject::connect(help_, &QAbstractButton::clicked, this, [this] { show_help_(help_number_); });
+  setDefaultButton(QMessageBox::Ok);
+  setEscapeButton(QMessageBox::Ok);
+}
+
+void CustomMsgBox::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) {
+    event->accept();
+    if (help_number_ != 0) show_help_(help_number_);
+    return;
+  }
+  QMessageBox::keyPressEvent(event);
+}
+
 void QtFrontend::ShowMessageBox(const std::string& text, int help_number, MessageIcon icon) {
   if (unattended_) {
     Tell("Message", text);
     return;
   }
-  const QMessageBox::Icon shown = icon == MessageIcon::Critical      ? QMessageBox::Critical
-                                  : icon == MessageIcon::Exclamation ? QMessageBox::Warning
-                                                                     : QMessageBox::Information;
-  QMessageBox box(shown, QStringLiteral("The Tavimor"), QString::fromStdString(text),
-                  QMessageBox::Ok, window_);
-  QPushButton* help = nullptr;
-  if (help_number != 0) help = box.addButton(QStringLiteral("Help"), QMessageBox::HelpRole);
-  box.setEscapeButton(QMessageBox::Ok);
+  CustomMsgBox box(window_, QString::fromStdString(text), help_number, icon,
+                   [this](int number) { ShowHelp(number); });
   box.exec();
-  if (help != nullptr && box.clickedButton() == help) ShowHelp(help_number);
 }
 
 void QtFrontend::ShowHintBox(const RichText& body, int help_number) {
@@ -117,6 +144,7 @@ void QtFrontend::ShowHintBox(const RichText& body, int help_number) {
     return;
   }
   QDialog box(window_);
+  box.setObjectName(QStringLiteral("HintMsgBox"));
   box.setWindowTitle(QStringLiteral("Hint"));
   auto* layout = new QVBoxLayout(&box);
   auto* text = new WorkSpaceView(&box);
@@ -128,6 +156,8 @@ void QtFrontend::ShowHintBox(const RichText& body, int help_number) {
   QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
   QObject::connect(buttons, &QDialogButtonBox::helpRequested, &box,
                    [this, help_number] { ShowHelp(help_number); });
+  auto* f1 = new QShortcut(QKeySequence(Qt::Key_F1), &box);
+  QObject::connect(f1, &QShortcut::activated, &box, [this, help_number] { ShowHelp(help_number); });
   box.exec();
 }
 
@@ -214,12 +244,72 @@ std::optional<std::vector<std::string>> QtFrontend::AskValues(
 
 void QtFrontend::ShowHelp(int help_number) {
   if (unattended_) {
-    Tell("Help", "This step is explained in help topic " + std::to_string(help_number) + ".");
+    Tell("Help", "topic " + std::to_string(help_number));
     return;
   }
-  QMessageBox::information(
-      window_, QStringLiteral("Help"),
-      QStringLiteral("This step is explained in help topic %1.").arg(help_number));
+  if (s_ != nullptr) tavimor::ShowHelp(*s_, help_number);
+}
+
+HelpBrowser* QtFrontend::MakeHelpWindow() {
+  if (s_ == nullptr) return nullptr;
+  if (help_ == nullptr) {
+    help_ = new HelpBrowser(*s_, AlgebraHelpFolder(s_->Help), window_);
+    help_->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  // Over a modal form the browser is modal too, or it could not be read; else it stays beside
+  // the main window.
+  const QWidget* modal = QApplication::activeModalWidget();
+  const Qt::WindowModality wanted =
+      modal != nullptr && modal != help_ ? Qt::ApplicationModal : Qt::NonModal;
+  if (help_->windowModality() != wanted) {
+    help_->hide();
+    help_->setWindowModality(wanted);
+  }
+  return help_;
+}
+
+void QtFrontend::OpenHelpPage(const std::string& path) {
+  if (unattended_) {
+    Tell("Help", path);
+    return;
+  }
+  HelpBrowser* browser = MakeHelpWindow();
+  if (browser == nullptr) return;
+  browser->OpenPage(path);
+  browser->show();
+  browser->raise();
+  browser->activateWindow();
+}
+
+void QtFrontend::OpenProgramHelp() {
+  if (s_ == nullptr) return;
+  const std::string path = ProgramHelpPath(s_->Help);
+  if (path.empty() || !FactsOf(path).regular) return;
+  OpenHelpPage(path);
+}
+
+void QtFrontend::OpenAlgebraHelp() {
+  if (unattended_) return;
+  HelpBrowser* browser = MakeHelpWindow();
+  if (browser == nullptr) return;
+  browser->ShowIndex();
+  browser->show();
+  browser->raise();
+  browser->activateWindow();
+}
+
+void QtFrontend::ShowTreeView(const std::vector<TreeViewEntry>& entries) {
+  if (unattended_) {
+    std::string lines;
+    for (const TreeViewEntry& entry : entries) {
+      lines += std::string(static_cast<std::size_t>(2 * entry.depth), ' ') + entry.label + "; ";
+    }
+    Tell("Tree", lines);
+    return;
+  }
+  const int help_number = s_ != nullptr ? s_->HelpNumber : kTreeViewHelp;
+  TreeForm form(window_, entries, [this, help_number] { ShowHelp(help_number); });
+  form.exec();
 }
 
 std::optional<int> QtFrontend::AskSignificantFigures(const std::string& number, int figures) {

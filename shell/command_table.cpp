@@ -22,6 +22,7 @@
 #include "shell/commands/number_tools_command.h"
 #include "shell/commands/solve_system_command.h"
 #include "shell/commands/solving_hint_command.h"
+#include "shell/commands/tree_view_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -155,7 +156,7 @@ const std::vector<CommandRow> kRows = {
    {"evaluate", "evaluate for values of the letters"}, kNoWord, kNoFrame, nullptr,
    &EvaluateButton},
   {"cmdTree", On(kPanelExpression), "Tree", "Show a tree structure representing the expression",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"tree", "show the tree of the expression"}, kNoWord, kNoFrame, nullptr, &cmdTree},
   {"cmdShowEqnFrame", On(kPanelExpression), "Equation", "Return to the Equation buttons",
    {"equation", "back to the whole equation"}, kNoWord, kNoFrame, nullptr, &EquationButton},
   // The Equation panel.

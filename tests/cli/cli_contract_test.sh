@@ -50,6 +50,57 @@ check "tree of a refused item: the message alone on standard error" 2 "" \
 check "tree with the decimal comma" 0 "¶N     1,5" "" --decimal-comma tree "1,50"
 check "tree with an option set" 0 "¶V     p" "" --set "Special P=True" tree "p"
 
+# Help pages as text, from a copy of the program beside a help topic map and pages of its own.
+mkdir -p "$work/app/help/algebra" "$work/app/help/program"
+cp "$cli" "$work/app/tavimor-cli"
+printf '%s\n' "' the map of these checks" "[the help systems]" "program help << 0" \
+  "algebra help << 500" "[root directory of each help system]" \
+  "program help = \"<app dir>/help/program\"" "algebra help = <app dir>/help/algebra" \
+  "[algebra help]" "7	<< 7.html" "61 << 61.html" "62 << 62.html" > "$work/app/Help topic locations.txt"
+printf '%s\n' '<h1>Power of a power</h1>' '<p>Exponents multiply: @(x^2)^3@ becomes @x^6@.</p>' \
+  '<h2>Example</h2>' '<ul><li>@(y^3)^2=y^6@</li><li>see <a href="7.html">Seven</a></li></ul>' \
+  > "$work/app/help/algebra/61.html"
+printf '%s\n' '<h1>Seven</h1><p>@2x@</p>' > "$work/app/help/algebra/7.html"
+printf '%s\n' '<h1>Using the tutor</h1><p>Type an item.</p>' > "$work/app/help/program/index.html"
+helpcli="$work/app/tavimor-cli"
+check_help() {  # as check, with the copy of the program
+  local saved="$cli"
+  cli="$helpcli"
+  check "$@"
+  cli="$saved"
+}
+check_help "help N prints the page as text" 0 "POWER OF A POWER
+================
+
+Exponents multiply: (x^2)^3 becomes x^6.
+
+Example
+-------
+
+  * (y^3)^2=y^6
+  * see Seven (see 7)" "" help 61
+check_help "help alone lists the pages by number and title" 0 "    7  Seven
+   61  Power of a power" "" help
+check_help "help program prints the program's page" 0 "USING THE TUTOR
+===============
+
+Type an item." "" help program
+check_help "help of a number without a page file" 2 "" "There is no help page for topic 62." help 62
+check_help "help of a number no system holds" 2 "" "There is no help page for topic 8." help 8
+check_help "help number 0 opens nothing" 2 "" "There is no help page for topic 0." help 0
+check_help "help of a word that is no number" 64 "" \
+  "help takes the number of a help topic, \"index\" or \"program\"." help sixty
+out=$(printf 'x^2\nhelp 61\nhelp index\nquit\n' | "$helpcli" 2>&1)
+contains "the tutor's help N and help index" "$out" "POWER OF A POWER" "(see 7)" "   61  Power of a power"
+out=$(printf '(x^2)^3\nsimplify\nhelp step\nquit\n' | "$helpcli" --set "Streaming output=False" 2>&1)
+contains "the tutor's help step shows the page of the last step" "$out" "POWER OF A POWER"
+out=$(printf 'x+2*y\ntree\nquit\n' | "$cli" 2>&1)
+tree=$("$cli" tree "x+2*y")
+contains "the tutor's tree word prints the tree as the tree command does" "$out" "$tree"
+json=$("$cli" --json "x+1" tree 2>/dev/null)
+contains "the tree word in a one-shot run is the dialog's lines" "$json" \
+  '"dialog": ["¶¶     x+1", "  +V     x", "  +N     1"]' '"help": 397'
+
 # Loading an item and running commands.
 check "an equation is considered and drawn" 0 "Consider  the equation  2x + 3 = 7" "" "2x+3=7"
 check "a fraction is set in two dimensions" 0 "                         3
@@ -282,7 +333,7 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, complete-square, brackets, evaluate, equation" \
+  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, complete-square, brackets, evaluate, tree, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
 # Complete the square from the terminal: the steps, the result in --json, nothing to convert.
 out=$("$cli" "x^2+6*x+2" complete-square 2>&1)

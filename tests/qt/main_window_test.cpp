@@ -278,39 +278,6 @@ class MainWindowTest : public QObject {
     QCOMPARE(w_.session->AutoSolveTag, std::string());
   }
 
-  void MessageBoxOffersItsHelpTopic() {
-    QString help;
-    WhenModal([&help](QWidget* modal) {
-      auto* box = qobject_cast<QMessageBox*>(modal);
-      QAbstractButton* button = nullptr;
-      for (QAbstractButton* b : box->buttons()) {
-        if (b->text() == QStringLiteral("Help")) button = b;
-      }
-      QVERIFY(button != nullptr);
-      WhenModal([&help](QWidget* topic) {
-        help = qobject_cast<QMessageBox*>(topic)->text();
-        QTest::keyClick(topic, Qt::Key_Escape);
-      });
-      button->click();
-    });
-    w_.frontend->ShowMessageBox("Error in input string.", 2, MessageIcon::Information);
-    QVERIFY(help.contains(QStringLiteral("topic 2")));
-  }
-
-  void F1ShowsTheHelpTopicOfTheLastStep() {
-    w_.window->EquationBox()->setEditText(QStringLiteral("x+x"));
-    w_.window->LoadTyped(false);
-    QTest::mousePress(w_.window->Button("cmdSimplify"), Qt::LeftButton);
-    QString help;
-    WhenModal([&help](QWidget* modal) {
-      help = qobject_cast<QMessageBox*>(modal)->text();
-      QTest::keyClick(modal, Qt::Key_Escape);
-    });
-    w_.window->WorkSpace()->setFocus();
-    QTest::keyClick(w_.window->WorkSpace(), Qt::Key_F1);
-    QCOMPARE(help, QStringLiteral("This step is explained in help topic 384."));
-  }
-
   void HintBoxHoldsRichTextWithMathematics() {
     WhenModal([](QWidget* modal) {
       auto* view = modal->findChild<WorkSpaceView*>();

@@ -75,6 +75,10 @@ class RecordingFrontend : public Frontend {
     return !values_answers_again.empty();
   }
   void ShowHelp(int help_number) override { help_shown.push_back(help_number); }
+  void OpenHelpPage(const std::string& path) override { help_pages.push_back(path); }
+  void ShowTreeView(const std::vector<TreeViewEntry>& entries) override {
+    tree_views.push_back(entries);
+  }
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override {
     figures_asked.push_back(number + " (" + std::to_string(figures) + " to start)");
     if (figures_cancel) return std::nullopt;
@@ -98,6 +102,8 @@ class RecordingFrontend : public Frontend {
   std::vector<std::string> pauses;
   std::deque<PauseInput> pause_answers;
   std::vector<RecordedMessage> messages;
+  std::vector<std::string> help_pages;
+  std::vector<std::vector<TreeViewEntry>> tree_views;
   std::vector<std::string> hints;
   std::vector<int> hint_help;
   std::vector<std::string> questions;
