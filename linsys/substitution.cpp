@@ -79,6 +79,8 @@ void Finish(Session& s, SysEqState& form, const std::string& text) {
   s.HelpNumber = static_cast<std::int16_t>(kSubsHelp);
 }
 
+void Inspect(Session& s, SysEqState& form);
+
 void BackSubstitute(Session& s, SysEqState& form) {
   SystemGrid& g = form.grid;
   std::vector<SetAsideEquation>& eqs = form.subs.set_aside;
@@ -216,6 +218,12 @@ bool ClickSubstitutionCell(SysEqState& form, int row, int column) {
 bool SubstitutionOK(Session& s, SysEqState& form) {
   SubstitutionState& subs = form.subs;
   if (subs.phase != SubsPhase::Choosing) return false;
+  // Equations with no letter left (0 = k) offer nothing to choose: they are read at once.
+  if (std::all_of(subs.remaining.begin(), subs.remaining.end(),
+                  [&form](int row) { return ZeroLeft(form.grid, row); })) {
+    Inspect(s, form);
+    return true;
+  }
   const bool usable = subs.chosen_row != 0 &&
                       std::find(subs.remaining.begin(), subs.remaining.end(), subs.chosen_row) !=
                           subs.remaining.end();
@@ -279,13 +287,20 @@ bool SubstitutionOK(Session& s, SysEqState& form) {
 
 void SubstitutionContinue(Session& s, SysEqState& form) {
   SubstitutionState& subs = form.subs;
-  SystemGrid& g = form.grid;
   switch (subs.phase) {
     case SubsPhase::Choosing: return;
     case SubsPhase::Done: form.closed = true; return;
     case SubsPhase::BackStart: BackSubstitute(s, form); return;
     case SubsPhase::Substituted: break;
   }
+  Inspect(s, form);
+}
+
+namespace {
+
+void Inspect(Session& s, SysEqState& form) {
+  SubstitutionState& subs = form.subs;
+  SystemGrid& g = form.grid;
   subs.substituted.clear();
   // A row 0 = k with k not 0: no solution.
   for (const int row : subs.remaining) {
@@ -344,6 +359,8 @@ void SubstitutionContinue(Session& s, SysEqState& form) {
   }
   form.assist_text = box;
 }
+
+}  // namespace
 
 std::vector<std::string> SubstitutionLines(const Session& s, const SysEqState& form) {
   std::vector<std::string> lines;
