@@ -6,6 +6,7 @@
 #include <string>
 
 #include "linsys/sys_eq_form.h"
+#include "shell/buttons.h"
 #include "shell/commands/solve_system_command.h"
 #include "shell/main_flow.h"
 #include "support/session_fixture.h"
@@ -55,6 +56,18 @@ TEST_F(Substitution, WindowIsForSubstitutionWithItsOpeningText) {
   EXPECT_NE(frontend.Transcript().find(
                 "To solve this system of equations, first write it in standard form:"),
             std::string::npos);
+}
+
+TEST_F(Substitution, OnlyOfferedWhenStepsAreShown) {
+  StartUp(s, ".");
+  s.SolveDetailDefault = 0;  // "show result only"
+  ASSERT_TRUE(cmdLoadEquation(s, "x+y=3; x-y=1", false));
+  std::string error;
+  EXPECT_EQ(PressButton(s, "cmdSolveBySubs", false, error), PressOutcome::NotOnOffer);
+  s.SolveDetailDefault = 1;
+  ASSERT_TRUE(cmdLoadEquation(s, "x+y=3; x-y=1", false));
+  EXPECT_EQ(PressButton(s, "cmdSolveBySubs", false, error), PressOutcome::Done);
+  EXPECT_EQ(s.SysMethod, 2);
 }
 
 TEST_F(Substitution, ZeroCoefficientCannotBeChosen) {
