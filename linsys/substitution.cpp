@@ -84,15 +84,12 @@ void Inspect(Session& s, SysEqState& form);
 void BackSubstitute(Session& s, SysEqState& form) {
   SystemGrid& g = form.grid;
   std::vector<SetAsideEquation>& eqs = form.subs.set_aside;
-  std::string text = eqs.size() == 1
-                         ? "There is only one set-aside equation.  Call it Equation # 1.|"
-                         : "The set-aside equations are:|";
-  if (eqs.size() > 1) {
-    for (const SetAsideEquation& e : eqs) text += "@" + SetAsideText(s, g, e) + "@|";
-    text +=
-        "Number the set-aside equations and go through them in reverse order, from last to "
-        "first.|";
-  }
+  std::string text = eqs.size() == 1 ? "The only set-aside equation is Equation # 1:|"
+                                     : "The set-aside equations are:|";
+  for (const SetAsideEquation& e : eqs) text += "@" + SetAsideText(s, g, e) + "@|";
+  text += eqs.size() == 1 ? "There is only one set-aside equation.  Call it Equation # 1."
+                          : "Number the set-aside equations and go through them in reverse "
+                            "order, from last to first.";
   WriteStep(s, kHelpPrefix + text);
   for (std::size_t n = eqs.size(); n-- > 0;) {
     SetAsideEquation& e = eqs[n];
