@@ -1,11 +1,13 @@
 // The dialog of the Useful form of one offscreen: its caption and choices, the conjugate offered
-// and chosen, typing into the numerator box, a refused box kept open, and Cancel.
+// and chosen, typing into the numerator box, a refused box kept open, Cancel, and the dialog
+// opened by the main window's button.
 #include <QApplication>
 #include <QTest>
 
 #include "qt/ufoo_dialog.h"
 #include "shell/main_flow.h"
 #include "support/recording_frontend.h"
+#include "support/window_fixture.h"
 
 namespace tavimor {
 
@@ -80,6 +82,28 @@ class UfooDialogTest : public QObject {
     Open("x/(x+1)");
     QTest::mouseClick(dialog_->CancelButton(), Qt::LeftButton);
     QCOMPARE(dialog_->result(), static_cast<int>(QDialog::Rejected));
+  }
+
+  void ButtonOpensTheDialogAndAppliesTheChoice() {
+    WindowUnderTest w;
+    w.Open();
+    w.window->EquationBox()->setEditText(QStringLiteral("1/(1+sqrt(2))"));
+    w.window->LoadTyped(false);
+    CommandButton* button = w.window->Button("cmdUFOO");
+    QVERIFY(button != nullptr);
+    QVERIFY(button->isEnabled());
+    bool seen = false;
+    WhenModal([&seen](QWidget* modal) {
+      auto* dialog = qobject_cast<UfooDialog*>(modal);
+      if (dialog == nullptr) return;
+      seen = true;
+      QTest::mouseClick(dialog->Option(UfooOption::Conjugate), Qt::LeftButton);
+      QTest::mouseClick(dialog->ApplyButton(), Qt::LeftButton);
+    });
+    emit button->Pressed(false);
+    QVERIFY(seen);
+    QCOMPARE(w.session->Pool[kLeftRoot].Text, std::string("(-sqrt(2)+1)/(-1)"));
+    w.Close();
   }
 
  private:
