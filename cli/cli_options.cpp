@@ -35,6 +35,15 @@ A set of equations is solved by elimination with the command elim; then
   assist-all  ERO Assist until the reduced form is read
   ok          keeps an ERO on trial             continue    reads the reduced form
 The grid is printed after the work space (after each command in the tutor).
+It is solved by substitution with subs; then
+  choose ROW LETTER   the letter to solve for in that equation
+  ok                  solves it, sets it aside, substitutes it into the others
+  continue            simplifies them, or back-substitutes once none remain
+The equations in play and those set aside are printed after each word.
+
+ufoo TEXT multiplies the expression (or the side) by a useful form of one:
+-1, pi, conjugate, match (the other side's denominator) or a form typed in;
+ufoo alone lists the choices on offer.
 
 An equation is solved by hand with both-sides OP [Q], one operation on both
 sides: swap, sin, cos, tan, arcsin, arccos, arctan, ln, log, e^, 10^, square,
@@ -49,7 +58,7 @@ result only; the count and the time follow).
 Options:
   --json            Print one JSON object instead: kind, panel, left, right,
                     transcript (each picture as @mathematics@), help, status
-                    (the nine status panels), messages, hints, error; after elim
+                    (the nine status panels), messages, hints, error; after elim or subs
                     also grid (the rows as lists of number texts), system ("unique",
                     "infinite", "none", or null until the reduced form is read) and
                     solution (letter -> value text, for "unique").

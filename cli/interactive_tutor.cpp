@@ -20,6 +20,7 @@
 #include "shell/command_table.h"
 #include "shell/commands/both_sides_command.h"
 #include "shell/commands/solve_system_command.h"
+#include "shell/commands/ufoo_command.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 
@@ -210,6 +211,10 @@ class InteractiveTutor {
         Command(kFiguresWord);
         frontend_.SetFiguresAnswer(std::nullopt);
       }
+    } else if (line.rfind(std::string(kUfooWord) + " ", 0) == 0) {
+      frontend_.SetUfooAnswer(line.substr(std::string(kUfooWord).size() + 1));
+      Command(kUfooWord);
+      frontend_.SetUfooAnswer(std::nullopt);
     } else if (FindCommandWord(line) != nullptr || IsSystemWord(line.substr(0, line.find(' '))) ||
                line.substr(0, line.find(' ')) == kBothSidesWord) {
       Command(line);

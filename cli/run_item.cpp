@@ -22,6 +22,7 @@
 #include "shell/command_table.h"
 #include "shell/commands/both_sides_command.h"
 #include "shell/commands/solve_system_command.h"
+#include "shell/commands/ufoo_command.h"
 #include "shell/main_flow.h"
 
 namespace tavimor {
@@ -133,6 +134,11 @@ int RunItem(Session& s, TerminalFrontend& frontend, const std::string& item,
         for (int taken = 0; taken < more && k + 1 < words.size(); ++taken) {
           word += " " + words[++k];
         }
+      }
+      // ufoo TEXT: the form to multiply by; a following command word is no form.
+      if (word == kUfooWord && k + 1 < words.size() && FindCommandWord(words[k + 1]) == nullptr &&
+          !IsSystemWord(words[k + 1]) && words[k + 1] != kBothSidesWord) {
+        frontend.SetUfooAnswer(words[++k]);
       }
       std::string refusal;
       // sig-figs N: the figures the dialog takes; a word that starts like a number is read as

@@ -9,6 +9,11 @@ namespace tavimor {
 void PrintSystemGrid(const Session& s, std::ostream& out) {
   const SysEqState* form = s.SystemWindow.get();
   if (form == nullptr || form->closed) return;
+  if (form->method == 2) {
+    for (const std::string& line : SubstitutionLines(s, *form)) out << "    " << line << '\n';
+    if (!form->assist_text.empty()) out << form->assist_text << '\n';
+    return;
+  }
   for (const std::string& line : GridTextLines(s, *form)) out << "    " << line << '\n';
   if (!form->assist_text.empty() && form->reduced) out << form->assist_text << '\n';
 }

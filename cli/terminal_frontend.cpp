@@ -9,6 +9,7 @@
 #include "cli/graph_view.h"
 #include "cli/help_command.h"
 #include "present/text_picture.h"
+#include "shell/commands/ufoo_command.h"
 #include "shell/help_topics.h"
 
 namespace tavimor {
@@ -168,6 +169,7 @@ void TerminalFrontend::Reset() {
   refused_values_.clear();
   ask_again_.clear();
   figures_answer_.reset();
+  ufoo_answer_.reset();
   dialog_lines_.clear();
   dialog_lines_printed_ = 0;
   answers_taken_ = 0;  // each item of a batch takes the given answers from the first
@@ -395,6 +397,24 @@ bool TerminalFrontend::ShowFactorForm(const std::string& box, const std::string&
   std::string answer;
   if (!ReadAnswer("  [Enter: next factor   q: close] ", answer)) return false;
   return !(answer == "q" || answer == "Q");
+}
+
+bool TerminalFrontend::AskUfoo(Session& s, UfooDialogState& dialog) {
+  std::optional<std::string> answer = ufoo_answer_;
+  ufoo_answer_.reset();
+  if (!answer) {
+    dialog_lines_ = UfooChoiceLines(s, dialog);
+    dialog_lines_printed_ = 0;
+    if (live_) {
+      Flush();
+      for (; dialog_lines_printed_ < dialog_lines_.size(); ++dialog_lines_printed_) {
+        out_ << "  " << PrintableText(dialog_lines_[dialog_lines_printed_]) << '\n';
+      }
+      out_ << std::flush;
+    }
+    return false;
+  }
+  return ChooseUfooByText(s, dialog, *answer);
 }
 
 }  // namespace tavimor

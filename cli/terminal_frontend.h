@@ -73,6 +73,9 @@ class TerminalFrontend : public Frontend, public GraphWindowHost {
   void ShowTreeView(const std::vector<TreeViewEntry>& entries) override;
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
   bool ShowFactorForm(const std::string& box, const std::string& caption) override;
+  // The Useful form of one: the choice set by SetUfooAnswer is applied; without one, the
+  // choices on offer are listed and nothing is applied.
+  bool AskUfoo(Session& s, UfooDialogState& dialog) override;
   // Draws the graph: kept for the JSON, written to the --plot file, sketched when live.
   void OpenGraphWindow(Session& s) override;
 
@@ -85,6 +88,8 @@ class TerminalFrontend : public Frontend, public GraphWindowHost {
   // The figures the next significant-figures dialog takes (sig-figs N); else the live tutor
   // asks, and a one-shot run takes the dialog's start.
   void SetFiguresAnswer(std::optional<int> figures) { figures_answer_ = figures; }
+  // The form the next Useful form of one dialog takes (ufoo TEXT).
+  void SetUfooAnswer(std::optional<std::string> text) { ufoo_answer_ = std::move(text); }
   // The lines the last tool dialog showed (the prime-factor box, the number and its figures),
   // since the last Reset.
   const std::vector<std::string>& DialogLines() const { return dialog_lines_; }
@@ -137,6 +142,7 @@ class TerminalFrontend : public Frontend, public GraphWindowHost {
   // Letters whose given value was refused: asked for at the prompt.
   std::vector<std::string> ask_again_;
   std::optional<int> figures_answer_;
+  std::optional<std::string> ufoo_answer_;
   std::vector<std::string> dialog_lines_;
   std::size_t dialog_lines_printed_ = 0;  // live mode: lines of the box already printed
 };

@@ -11,6 +11,7 @@ struct RichRun;
 class FontMetrics;
 class Session;
 struct SysEqState;
+struct UfooDialogState;
 using RichText = std::vector<RichRun>;
 
 enum class MessageIcon { Information, Critical, Exclamation };
@@ -88,6 +89,9 @@ class Frontend {
   // shows it modally returns once it has closed; one that drives it word by word (the terminal,
   // the tests) returns at once and leaves it open.
   virtual void OpenSystemWindow(Session& /*s*/, SysEqState& /*form*/) {}
+  // The dialog of the Useful form of one on `dialog`, made ready: true when Apply was pressed
+  // with a choice it allows, false when it was cancelled.
+  virtual bool AskUfoo(Session& /*s*/, UfooDialogState& /*dialog*/) { return false; }
 };
 
 }  // namespace tavimor

@@ -21,6 +21,8 @@ std::string WithoutVariableMarks(std::string text) {
   return text;
 }
 
+}  // namespace
+
 void WriteStep(Session& s, const std::string& message) {
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));
   std::string body = WithoutVariableMarks(StripHelpPrefix(message));
@@ -45,6 +47,8 @@ void WriteStep(Session& s, const std::string& message) {
     }
   }
 }
+
+namespace {
 
 void WriteSystemStep(Session& s, const SysEqState& form, const std::string& step) {
   WriteStep(s, step + ".  The system of equations becomes:|" + SystemLines(s, form.grid));

@@ -10,6 +10,7 @@
 #include "core/session.h"
 #include "linsys/elimination.h"
 #include "linsys/row_operations.h"
+#include "linsys/substitution.h"
 #include "linsys/system_grid.h"
 
 namespace tavimor {
@@ -65,6 +66,8 @@ struct SysEqState {
   bool closed = false;
   bool read = false;  // the reduced form has been read
   SystemReading reading;
+  // The substitution method (method 2).
+  SubstitutionState subs;
 
   // What the controls offer.
   bool Pending() const { return pending.kind != 0; }
@@ -75,6 +78,10 @@ struct SysEqState {
   // Which of the four row buttons of a set are shown: rows 1 to 4, as many as there are rows.
   int RowButtons() const { return grid.rows < 4 ? grid.rows : 4; }
 };
+
+// Writes a step of the window to the work space: "|" parts lines, a line that is one equation
+// alone is set indented.
+void WriteStep(Session& s, const std::string& message);
 
 // The grid's lines: 2 x rows - 1 lines of 3 x cols - 1 cells, and the comment cell beside a
 // row. An equation takes every other line.

@@ -22,6 +22,7 @@
 #include "qt/main_window.h"
 #include "qt/sys_eq_form.h"
 #include "qt/tree_form.h"
+#include "qt/ufoo_dialog.h"
 #include "shell/commands/tree_view_command.h"
 #include "shell/help_topics.h"
 
@@ -344,6 +345,16 @@ void QtFrontend::OpenSystemWindow(Session& s, SysEqState& state) {
   }
   SysEqForm form(window_, s, state);
   form.exec();
+}
+
+// The dialog of the Useful form of one, modal. With nobody at the screen it is cancelled.
+bool QtFrontend::AskUfoo(Session& s, UfooDialogState& dialog) {
+  if (unattended_) {
+    Tell("ufoo dialog", kUfooCaption);
+    return false;
+  }
+  UfooDialog form(window_, s, dialog);
+  return form.exec() == QDialog::Accepted;
 }
 
 void QtFrontend::OpenGraphWindow(Session& s) {

@@ -105,6 +105,7 @@ class QtFrontend : public Frontend, public GraphWindowHost {
   std::optional<int> AskSignificantFigures(const std::string& number, int figures) override;
   bool ShowFactorForm(const std::string& box, const std::string& caption) override;
   void OpenSystemWindow(Session& s, SysEqState& state) override;
+  bool AskUfoo(Session& s, UfooDialogState& dialog) override;
   // The graph window, modal; it writes its settings back when it closes.
   void OpenGraphWindow(Session& s) override;
   // Opens the modeless dialog of operations on both sides, or brings it forward.

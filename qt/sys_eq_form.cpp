@@ -42,7 +42,7 @@ QHBoxLayout* RowButtons(QWidget* parent, const QString& label, QButtonGroup*& gr
 SysEqForm::SysEqForm(QWidget* parent, Session& s, SysEqState& state)
     : QDialog(parent), s_(s), state_(state) {
   setModal(true);
-  setWindowTitle(Q(kElimCaption));
+  setWindowTitle(Q(state_.method == 2 ? kSubsCaption : kElimCaption));
   auto* layout = new QVBoxLayout(this);
 
   assist_box_ = new QLabel(this);
@@ -64,6 +64,11 @@ SysEqForm::SysEqForm(QWidget* parent, Session& s, SysEqState& state)
   connect(grid_, &QTableWidget::cellClicked, this, [this](int line, int cell) {
     Guarded([&] {
       ReadControls();
+      // With substitution a click picks the variable in that equation.
+      if (state_.method == 2) {
+        if (line % 2 == 0) ClickSubstitutionCell(state_, line / 2 + 1, cell / 3 + 1);
+        return;
+      }
       ClickGridCell(s_, state_, line, cell);
     });
   });
@@ -138,6 +143,7 @@ SysEqForm::SysEqForm(QWidget* parent, Session& s, SysEqState& state)
 
   auto* keys = new QHBoxLayout;
   auto* key_label = new QLabel(Q(kKeyboardLabel), this);
+  key_label->setObjectName(QStringLiteral("keyboardLabel"));
   keyboard_ = new QLineEdit(this);
   keyboard_->setToolTip(Q(kKeyboardTip));
   key_label->setBuddy(keyboard_);
@@ -172,8 +178,17 @@ SysEqForm::SysEqForm(QWidget* parent, Session& s, SysEqState& state)
   });
   connect(ok_, &QPushButton::clicked, this, [this] { Guarded([&] { cmdOK(s_, state_); }); });
   connect(cancel_, &QPushButton::clicked, this, [this] { Guarded([&] { cmdUndo(s_, state_); }); });
-  connect(assist_, &QPushButton::clicked, this,
-          [this] { Guarded([&] { cmdAssistElim(s_, state_); }); });
+  connect(assist_, &QPushButton::clicked, this, [this] {
+    Guarded([&] {
+      if (state_.method != 2) {
+        cmdAssistElim(s_, state_);
+      } else if (state_.subs.phase == SubsPhase::Choosing) {
+        SubstitutionOK(s_, state_);
+      } else {
+        SubstitutionContinue(s_, state_);
+      }
+    });
+  });
 
   resize(760, 560);
   Sync();
@@ -185,7 +200,7 @@ void SysEqForm::Guarded(Work work) {
     work();
   } catch (const std::exception&) {
     state_.closed = true;
-    ShowCustomMessage(s_, kElimError, 0);
+    ShowCustomMessage(s_, state_.method == 2 ? kSubsError : kElimError, 0);
   }
   Finish();
 }
@@ -274,6 +289,15 @@ void SysEqForm::Sync() {
   ok_->setVisible(state_.OkVisible());
   cancel_->setVisible(state_.OkVisible());
   assist_->setEnabled(state_.AssistEnabled());
+  if (state_.method == 2) {
+    // Substitution has no row operations: the grid, the box and one button.
+    for (QPushButton* b : panel_buttons_) b->setVisible(false);
+    for (QGroupBox* g : panels_) g->setVisible(false);
+    keyboard_->setVisible(false);
+    if (auto* label = findChild<QLabel*>(QStringLiteral("keyboardLabel"))) label->setVisible(false);
+    test_->setVisible(false);
+    assist_->setToolTip(QString());
+  }
 }
 
 }  // namespace tavimor

@@ -23,6 +23,7 @@
 #include "shell/commands/solve_system_command.h"
 #include "shell/commands/solving_hint_command.h"
 #include "shell/commands/tree_view_command.h"
+#include "shell/commands/ufoo_command.h"
 #include "shell/evaluate_command.h"
 #include "shell/main_flow.h"
 #include "simplify/simplify_driver.h"
@@ -146,7 +147,8 @@ const std::vector<CommandRow> kRows = {
     "Error in Simplify."}, &CombineTrigEngine, nullptr},
   {"cmdUFOO", On(kPanelExpression), "Useful form of one",
    "Multiply the numerator and denominator by the same quantity",
-   kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   {"ufoo", "multiply by a useful form of one: ufoo -1, pi, conjugate, match or TEXT"},
+   kNoWord, kNoFrame, nullptr, &cmdUFOO},
   {"cmdBrackets", On(kPanelExpression), " Unneeded     brackets",
    "Removes one set of unnecessary brackets",
    {"brackets", "remove one set of unneeded brackets"}, kNoWord, kNoFrame, nullptr,
@@ -187,7 +189,9 @@ const std::vector<CommandRow> kRows = {
    "Solve the system of equations by Gaussian elimination",
    {"elim", "solve the system by elimination"}, kNoWord, kNoFrame, nullptr, &cmdSolveByElim},
   {"cmdSolveBySubs", On(kPanelMultiEquations), "By substitution",
-   "Solve the system of equations by substitution", kNoWord, kNoWord, kNoFrame, nullptr, nullptr},
+   "Solve the system of equations by substitution",
+   {"subs", "solve the system by substitution: then choose ROW LETTER, ok, continue"}, kNoWord,
+   kNoFrame, nullptr, &cmdSolveBySubs},
   {"cmdSubstitute", On(kPanelMultiEquations), "Substitute",
    "Substitute the other equations into the last equation",
    {"substitute", "substitute the other equations into the last"}, kNoWord, kNoFrame, nullptr,

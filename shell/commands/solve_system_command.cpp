@@ -3,6 +3,9 @@
 #include "shell/commands/solve_system_command.h"
 
 #include <memory>
+#include <sstream>
+
+#include "core/message_box.h"
 
 #include "linsys/sys_eq_form.h"
 #include "shell/command_frame.h"
@@ -18,7 +21,60 @@ const std::vector<SystemWord> kWords = {
     {"assist-all", nullptr, "ERO Assist until the reduced form is read"},
     {"ok", nullptr, "keep the ERO on trial"},
     {"continue", nullptr, "read the reduced form and close the window"},
+    {"choose", "ROW LETTER", "substitution: pick the letter to solve for in that equation"},
 };
+
+// The words of the substitution window: choose, ok, continue.
+bool RunSubstitutionWord(Session& s, SysEqState& form, const std::string& word,
+                         const std::string& argument, std::string& error, std::string& refusal) {
+  int row = 0;
+  int column = 0;
+  if (word == "choose") {
+    std::istringstream parts(argument);
+    std::string row_text;
+    std::string letter;
+    parts >> row_text >> letter;
+    if (!row_text.empty() && (row_text[0] == 'R' || row_text[0] == 'r')) row_text.erase(0, 1);
+    const bool digits = !row_text.empty() && row_text.size() <= 2 &&
+                        row_text.find_first_not_of("0123456789") == std::string::npos;
+    row = digits ? std::stoi(row_text) : 0;
+    if (letter.size() == 1) column = ColumnOfVar(form.grid, letter[0]);
+    if (row < 1 || row > form.grid.rows || letter.size() != 1 || column >= form.grid.cols) {
+      refusal = "choose takes an equation's number and a letter of the system: choose 1 x";
+      return false;
+    }
+    if (form.grid.At(row, column).IsZero()) {
+      refusal = "Equation " + std::to_string(row) + " has no " + letter + " to solve for.";
+      return false;
+    }
+  } else if (word != "ok" && word != "continue") {
+    refusal = "The substitution window takes choose ROW LETTER, ok and continue.";
+    return false;
+  }
+  if (word == "ok" && form.subs.phase != SubsPhase::Choosing) {
+    refusal = "Click on Continue: continue.";
+    return false;
+  }
+  if (word == "continue" && form.subs.phase == SubsPhase::Choosing) {
+    refusal = "Choose a variable first (choose ROW LETTER), then ok.";
+    return false;
+  }
+  error = RunCommandFrame(
+      s, kSubsError,
+      [&](NodeIdx) {
+        if (word == "choose") {
+          if (form.subs.phase != SubsPhase::Choosing) return;
+          ClickSubstitutionCell(form, row, column);
+        } else if (word == "ok") {
+          SubstitutionOK(s, form);
+        } else {
+          SubstitutionContinue(s, form);
+        }
+      },
+      [] {});
+  if (!error.empty()) form.closed = true;
+  return true;
+}
 
 // A click can never loop for ever: each one changes the grid or ends the run; this bounds a
 // run of the assistant all the same.
@@ -26,8 +82,6 @@ constexpr int kMostClicks = 100000;
 
 }  // namespace
 
-// The substitution method (cmdSolveBySubs) comes once the equation solver is in place; its
-// window shares the grid and the texts of this one.
 std::string cmdSolveByElim(Session& s, bool) {
   return RunCommandFrame(
       s, kElimError,
@@ -37,6 +91,27 @@ std::string cmdSolveByElim(Session& s, bool) {
         auto form = std::make_shared<SysEqState>();
         s.SystemWindow = form;
         if (StartSysSolve(s, *form)) s.Screen().OpenSystemWindow(s, *form);
+      },
+      [] {});
+}
+
+std::string cmdSolveBySubs(Session& s, bool) {
+  return RunCommandFrame(
+      s, kSubsError,
+      [&s](NodeIdx) {
+        s.SysMethod = 2;
+        s.HelpNumber = static_cast<std::int16_t>(kSubsHelp);
+        auto form = std::make_shared<SysEqState>();
+        s.SystemWindow = form;
+        const std::string message = BuildGrid(s, form->grid);
+        if (!message.empty()) {
+          form->closed = true;
+          ShowCustomMessage(s, "Error: " + message, 41);
+          return;
+        }
+        form->comments.assign(static_cast<std::size_t>(form->grid.rows), "");
+        StartSubstitution(s, *form);
+        s.Screen().OpenSystemWindow(s, *form);
       },
       [] {});
 }
@@ -58,7 +133,12 @@ bool RunSystemWord(Session& s, const std::string& word, const std::string& argum
                    std::string& error, std::string& refusal) {
   const std::shared_ptr<SysEqState> form = s.SystemWindow;
   if (form == nullptr || form->closed) {
-    refusal = "No system of equations is open: load a set of equations and type elim.";
+    refusal = "No system of equations is open: load a set of equations and type elim or subs.";
+    return false;
+  }
+  if (form->method == 2) return RunSubstitutionWord(s, *form, word, argument, error, refusal);
+  if (word == "choose") {
+    refusal = "choose picks a variable in the substitution window (subs).";
     return false;
   }
   if (word == "ero" && argument.empty()) {

@@ -12,6 +12,9 @@ namespace tavimor {
 // cmdSolveByElim: method 1, help number 296; builds the grid and opens the window, or runs in
 // silence to the result with "show result only". Returns the error message shown, or empty.
 std::string cmdSolveByElim(Session& s, bool right_button);
+// cmdSolveBySubs: method 2, help number 297; builds the grid and opens the window for the
+// substitution method (offered only when steps are shown).
+std::string cmdSolveBySubs(Session& s, bool right_button);
 
 // A word for the open elimination window, with what it does.
 struct SystemWord {

@@ -248,7 +248,7 @@ json=$("$cli" --json --set "Solve detail=0" "x+y=3; x-y=1" elim 2>/dev/null)
 contains "json of a system solved with the result only" "$json" '"system": "unique"' \
   'puts it into Row-Reduced Echelon (or Gauss-Jordan) Form:'
 check "a window word without a window" 3 "" \
-  "No system of equations is open: load a set of equations and type elim." "x+y=3; x-y=1" assist
+  "No system of equations is open: load a set of equations and type elim or subs." "x+y=3; x-y=1" assist
 printf 'x+y=3; x-y=1\telim ero R1;R2 assist-all\n' > "$work/elim.txt"
 out=$("$cli" --json --batch "$work/elim.txt" 2>/dev/null)
 contains "batch takes ero with its operation as the next word" "$out" \
@@ -259,7 +259,7 @@ contains "a refused batch line has no system of the line before" "$out" '"kind":
   '"grid": null, "system": null, "solution": null'
 out=$(printf 'x+y=3; x-y=1\nelim\nassist\nundo\nero R2-R1\nassist-all\nquit\n' | "$cli" 2>&1)
 contains "the interactive tutor drives the window" "$out" "     [1] x + 1 y =  3" \
-  "R2 - 1 * R1" "[Multi Eqns] commands: solve-all, elim, substitute, graph   (system window: ero TEXT, undo, assist" \
+  "R2 - 1 * R1" "[Multi Eqns] commands: solve-all, elim, subs, substitute, graph   (system window: ero TEXT, undo, assist" \
   "This form shows that the system of equations has a unique solution, namely:"
 
 # Solve.
@@ -333,7 +333,7 @@ status=$?
 out=$(printf 'x^2=4\nleft\nsimplify\nhelp\nstatus 4\nquit\n' | "$cli" 2>"$work/err")
 err=$(cat "$work/err")
 contains "the tutor from standard input" "$out" "Consider  the equation  x² = 4" \
-  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, complete-square, brackets, evaluate, tree, equation" \
+  "[Equation] commands: solve, left, right" "[Left Side] commands: simplify, expand, expand-denominators, factor, factor-lcm, add-fractions, complete-square, ufoo, brackets, evaluate, tree, equation" \
   "There is nothing to simplify on the left side of the equation." "4: degrees "
 # Complete the square from the terminal: the steps, the result in --json, nothing to convert.
 out=$("$cli" "x^2+6*x+2" complete-square 2>&1)
@@ -689,5 +689,28 @@ contains "solve gives and checks the imaginary roots with the unit written j" "$
 json=$("$cli" --json --set "Complex form=1" "e^(i*x)" break-trig 2>/dev/null)
 contains "break-trig writes the complex exponential by Euler's formula" "$json" \
   '"left": "cos(x)+i*sin(x)"'
+
+# The Useful form of one: a form named or typed, or the choices listed.
+contains "ufoo multiplies by the conjugate of the denominator" \
+  "$("$cli" --json "1/(1+sqrt(2))" ufoo conjugate 2>&1)" \
+  'Applying the UFOO @(1-sqrt(2))/(1-sqrt(2))@  yields' '"left": "(-sqrt(2)+1)/(-1)"'
+contains "ufoo alone lists the choices on offer" "$("$cli" "1/(1+sqrt(2))" ufoo 2>&1)" \
+  "Multiply the expression by a Useful Form Of One (UFOO)" "ufoo conjugate   Use the conjugate" \
+  "ufoo TEXT"
+contains "ufoo refuses an equation typed as the form" "$("$cli" "x/(x+1)" ufoo "x=2" 2>&1)" \
+  "The numerator box must contain a valid expression, not an equation."
+
+# Substitution: the window's words, the equations listed after each change, the JSON fields.
+json=$("$cli" --json "2x+3y=8; x-y=-1" subs "choose 2 x" ok continue "choose 1 y" ok continue 2>&1)
+contains "subs solves a system by substitution" "$json" \
+  'Select the equation @x-y=-1@, solve it for x, and set it aside as Equation # 1:' \
+  'This is the unique solution of the system of equations.' '"system": "unique"' \
+  '"solution": {"x": "1", "y": "2"}'
+contains "subs lists the remaining equations after a substitution" \
+  "$("$cli" "2x+3y=8; x-y=-1" subs "choose 2 x" ok 2>&1)" "R1: 2*(y-1)+3*y=8" \
+  "Equation # 1: x=y-1" "Click on Continue."
+contains "subs reads an inconsistent pair" \
+  "$("$cli" --json "x+y=2; 2x+2y=5" subs "choose 1 x" ok continue 2>&1)" \
+  'This indicates that the system of equations has no solution.' '"system": "none"'
 
 [ "$failures" -eq 0 ]

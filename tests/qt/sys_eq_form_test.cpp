@@ -138,6 +138,41 @@ class SysEqFormTest : public QObject {
     w.Close();
   }
 
+  void BySubstitutionPicksAVariableThenContinues() {
+    WindowUnderTest w;
+    w.Open();
+    w.window->EquationBox()->setEditText(QStringLiteral("2x+3y=8; x-y=-1"));
+    w.window->LoadTyped(false);
+    CommandButton* button = w.window->Button("cmdSolveBySubs");
+    QVERIFY(button != nullptr);
+    QVERIFY(button->isEnabled());
+    bool seen = false;
+    WhenModal([&seen](QWidget* modal) {
+      auto* form = qobject_cast<SysEqForm*>(modal);
+      if (form == nullptr) return;
+      seen = true;
+      QCOMPARE(form->windowTitle(),
+               QStringLiteral(" The Tavimor - Solve System of Linear Equations by Substitution"));
+      QVERIFY(!form->TestButton()->isVisible());
+      QVERIFY(!form->KeyboardLine()->isVisible());
+      // x in the second equation (line 2 of the grid, the letter cell of column 1).
+      form->Grid()->cellClicked(2, 2);
+      QTest::mouseClick(form->AssistButton(), Qt::LeftButton);
+      QCOMPARE(form->AssistButton()->text(), QStringLiteral("Continue"));
+      QTest::mouseClick(form->AssistButton(), Qt::LeftButton);
+      form->Grid()->cellClicked(0, 4);  // y in the first
+      for (int click = 0; click < 10 && form->isVisible(); ++click) {
+        QTest::mouseClick(form->AssistButton(), Qt::LeftButton);
+      }
+    });
+    emit button->Pressed(false);
+    QVERIFY(seen);
+    QVERIFY(w.session->SystemWindow != nullptr && w.session->SystemWindow->closed);
+    QCOMPARE(w.session->SystemWindow->reading.solution.size(), std::size_t{2});
+    QCOMPARE(w.session->SystemWindow->reading.solution[0].second, std::string("1"));
+    w.Close();
+  }
+
  private:
   SysEqForm& Open(const std::string& set) {
     if (!cmdLoadEquation(*s_, set, false)) qFatal("the set did not load");

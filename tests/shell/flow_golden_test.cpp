@@ -9,14 +9,16 @@
 // (the values given to the letters asked for, or "evaluate cancel"), "sig-figs N" (the figures
 // chosen in the dialog, or "cancel"), "prime-factors [N]" (the dialog's button pressed N times,
 // then the dialog closed; without N to the end), the words of the elimination window ("elim",
-// then "ero R2-3R1", "assist", "assist-all", "undo", "ok", "continue"), and
+// then "ero R2-3R1", "assist", "assist-all", "undo", "ok", "continue"; "subs", then
+// "choose ROW LETTER", "ok", "continue"), and
 // "engine BUTTON KIND ..."
 // to run a command's frame with an engine of the test's own: "change TEXT" (the side becomes TEXT),
 // "step MESSAGE TEXT" (one step shown), "distribution TEXT <- RECORD" and "theorem TEXT <- RECORD"
 // (the step Expand narrates from that record), "nothing", "error NUMBER|divide|overflow", "pause";
 // "solver-hint" runs the solver on the equation for its first step as a hint; "both-sides OP [Q]"
 // applies an operation to both sides as the terminal tutor's word does (a refusal is listed with
-// the messages); "load TEXT" loads a further item as OK does.
+// the messages); "load TEXT" loads a further item as OK does; "ufoo TEXT" answers the dialog of the
+// Useful form of one with that form ("ufoo" alone cancels it after listing its choices).
 // TAVIMOR_UPDATE_GOLDEN=1 writes the output into the files, for review in a diff.
 #include <gtest/gtest.h>
 
@@ -143,6 +145,12 @@ void Do(Session& s, RecordingFrontend& frontend, const std::string& line) {
     // "prime-factors N": the button is pressed N times, then the dialog is closed.
     frontend.factor_presses = rest.empty() ? -1 : std::stoi(rest);
     PressButton(s, "cmdFactor", false, error);
+  } else if (verb == "ufoo") {
+    // "ufoo TEXT": the dialog of the Useful form of one answered with that form; "ufoo" alone
+    // lists its choices and is cancelled.
+    frontend.ufoo_answer.reset();
+    if (!rest.empty()) frontend.ufoo_answer = rest;
+    PressButton(s, "cmdUFOO", false, error);
   } else if (verb == "solver-hint") {
     // The solver run for its first step as a hint, as the hint button will run it.
     ScopedOverride detail(s.SolveDetail, std::int16_t{0});
@@ -211,6 +219,9 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
     }
     out += "factor form: " + f + "\n";
   }
+  for (const std::vector<std::string>& lines : frontend.ufoo_dialogs) {
+    for (const std::string& l : lines) out += "ufoo dialog: " + l + "\n";
+  }
   for (const std::vector<std::string>& letters : frontend.asked_letters) {
     out += "values asked:";
     for (const std::string& letter : letters) out += " " + letter + " =";
@@ -225,6 +236,15 @@ std::string Output(Session& s, const RecordingFrontend& frontend) {
   for (const std::string& panel : s.Form.status_panels) out += "status: " + panel + "\n";
   if (const SysEqState* form = s.SystemWindow.get(); form != nullptr) {
     for (const std::string& line : GridTextLines(s, *form)) out += "grid: " + line + "\n";
+    if (form->method == 2) {
+      for (const std::string& line : SubstitutionLines(s, *form)) out += "equation: " + line + "\n";
+      std::string box = form->assist_text;
+      for (std::size_t at = box.find('\n'); at != std::string::npos; at = box.find('\n', at)) {
+        box.replace(at, 1, " / ");
+      }
+      out += "box: " + box + "\n";
+      out += "button: " + form->assist_caption + "\n";
+    }
     out += std::string("window: ") + (form->closed ? "closed" : "open") + "\n";
   }
   return out;

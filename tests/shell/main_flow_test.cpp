@@ -247,7 +247,7 @@ TEST_F(MainFlow, ButtonsOnOfferAreOnTheVisiblePanelVisibleAndEnabled) {
   cmdDoLHS(s);
   EXPECT_TRUE(ButtonOnOffer(s, "cmdShowEqnFrame"));
   std::string error;
-  EXPECT_EQ(PressButton(s, "cmdUFOO", false, error), PressOutcome::NotBuilt);
+  EXPECT_EQ(PressButton(s, "cmdTree", false, error), PressOutcome::NotBuilt);
   EXPECT_EQ(PressButton(s, "cmdDoLHS", false, error), PressOutcome::NotOnOffer);
   EXPECT_EQ(PressButton(s, "cmdShowEqnFrame", false, error), PressOutcome::Done);
   EXPECT_EQ(s.Form.visible_panel, kPanelEquation);

@@ -9,6 +9,7 @@
 #include "core/frontend.h"
 #include "present/display_list.h"
 #include "present/rich_text.h"
+#include "shell/commands/ufoo_command.h"
 
 namespace tavimor {
 
@@ -93,6 +94,16 @@ class RecordingFrontend : public Frontend {
     return true;
   }
 
+  // The dialog of the Useful form of one: the choices it offered are kept; `ufoo_answer`, when
+  // set, is the form chosen, else the dialog is cancelled.
+  bool AskUfoo(Session& s, UfooDialogState& dialog) override {
+    ufoo_dialogs.push_back(UfooChoiceLines(s, dialog));
+    if (!ufoo_answer) return false;
+    const std::string answer = *ufoo_answer;
+    ufoo_answer.reset();
+    return ChooseUfooByText(s, dialog, answer);
+  }
+
   // The work space as plain text, pictures as "@mathematics@".
   std::string Transcript() const { return PlainText(work_space); }
 
@@ -122,6 +133,8 @@ class RecordingFrontend : public Frontend {
   std::vector<std::string> figures_asked;
   int factor_presses = -1;
   std::vector<std::string> factor_forms;  // each showing of the prime-factor dialog
+  std::optional<std::string> ufoo_answer;
+  std::vector<std::vector<std::string>> ufoo_dialogs;
 };
 
 }  // namespace tavimor
