@@ -28,9 +28,9 @@ QColor ToQColor(GraphColour c) { return QColor(RedOf(c), GreenOf(c), BlueOf(c));
 
 QString KindName(const std::string& kind) {
   if (kind == kGraphExplicit) return "explicit";
-  if (kind == kGraphContour) return "implicit (not drawn yet)";
+  if (kind == kGraphContour) return "implicit";
   if (kind == kGraphExplicitPolar) return "polar";
-  if (kind == kGraphContourPolar) return "implicit polar (not drawn yet)";
+  if (kind == kGraphContourPolar) return "implicit polar";
   return "parametric";
 }
 
@@ -217,9 +217,6 @@ void GraphForm::DrawGraphs() {
     return;  // a drawing that fails ends silently, leaving what was drawn
   }
   canvas_->SetDisplay(picture_.display);
-  note_->setText(picture_.contours_left_out
-                     ? "Curves of implicit equations (contour plots) are not drawn yet."
-                     : "");
 }
 
 void GraphForm::Apply() {

@@ -122,11 +122,19 @@ class GraphFormTest : public QObject {
     QCOMPARE(QString::fromStdString(GetPieceOf(s_->GraphParms, 4)), QString("20"));
   }
 
-  void ImplicitCurvesAreListedAndSaidToComeLater() {
+  void PaintsAnImplicitCurveAsOneContour() {
     Prepare({{"x^2+y^2", "4"}});
     GraphForm form(nullptr, *s_);
-    QCOMPARE(CountPolylines(form), 0);
-    QVERIFY(form.Note()->text().contains("not drawn yet"));
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QCOMPARE(CountPolylines(form), 1);
+    const QImage image = form.Canvas()->grab().toImage();
+    image.save("/tmp/tavimor_graph_contour.png");
+    const GraphMapping& map = form.Picture().mapping;
+    const QColor c = image.pixelColor(static_cast<int>(map.WorldToPixelX(0)),
+                                      static_cast<int>(map.WorldToPixelY(2)));
+    QVERIFY2(c.red() > 200 && c.green() < 120, qPrintable(c.name()));
+    QVERIFY(form.Note()->text().isEmpty());
   }
 
  private:
