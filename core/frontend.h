@@ -77,6 +77,10 @@ class Frontend {
   // shows it modally returns once it has closed; one that drives it word by word (the terminal,
   // the tests) returns at once and leaves it open.
   virtual void OpenSystemWindow(Session& /*s*/, SysEqState& /*form*/) {}
+  // The graph of the classified equations (EquationList). A window returns once it has closed,
+  // having written its settings back to GraphParms; the terminal draws the picture at once. A
+  // front end that shows no graphs ignores it.
+  virtual void OpenGraphWindow(Session& /*s*/) {}
 };
 
 }  // namespace tavimor

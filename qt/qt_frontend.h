@@ -8,7 +8,6 @@
 #include <memory>
 
 #include "core/frontend.h"
-#include "graph/graph_window_host.h"
 #include "qt/both_sides_dialog.h"
 #include "qt/display_painter.h"
 #include "qt/number_tools_dialogs.h"
@@ -37,7 +36,7 @@ class PacingDialog : public QDialog {
   PauseInput input_ = PauseInput::Continue;
 };
 
-class QtFrontend : public Frontend, public GraphWindowHost {
+class QtFrontend : public Frontend {
  public:
   QtFrontend() = default;
   QtFrontend(const QtFrontend&) = delete;
