@@ -66,8 +66,9 @@ Options:
                     curves, each with equation, kind ("1" explicit, "2" contour,
                     "3" explicit polar, "4" contour polar, "5a" parametric),
                     colour ("#rrggbb") and points (301 [x, y] in world
-                    coordinates, null for an undefined point; null for the
-                    contour kinds, which are not drawn yet).
+                    coordinates, null for an undefined point), or for the
+                    contour kinds contours (each contour's polyline: closed,
+                    and its points [x, y] in world coordinates).
   --plot FILE       graph writes its picture to FILE as SVG.
   --batch FILE      Each line of FILE is a fresh load in one session; with --json
                     exactly one object per line, with its error. The count and time

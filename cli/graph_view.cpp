@@ -38,12 +38,24 @@ std::string GraphJsonField(const GraphPicture& picture) {
     out += k ? ", " : "";
     out += "{\"equation\": " + JsonString(curve.equation) +
            ", \"kind\": " + JsonString(curve.kind) +
-           ", \"colour\": " + JsonString(ColourText(curve.colour)) + ", \"points\": ";
+           ", \"colour\": " + JsonString(ColourText(curve.colour));
     if (!curve.samples) {
-      out += "null}";
+      // An implicit curve: its followed contours, each a polyline.
+      out += ", \"contours\": [";
+      for (std::size_t c = 0; c < curve.contours.size(); ++c) {
+        const ContourLine& line = curve.contours[c];
+        out += c ? ", " : "";
+        out += std::string("{\"closed\": ") + (line.closed ? "true" : "false") + ", \"points\": [";
+        for (std::size_t p = 0; p < line.x.size(); ++p) {
+          out += p ? ", " : "";
+          out += "[" + JsonNumber(line.x[p]) + ", " + JsonNumber(line.y[p]) + "]";
+        }
+        out += "]}";
+      }
+      out += "]}";
       continue;
     }
-    out += "[";
+    out += ", \"points\": [";
     for (int i = 0; i <= kCurveSegments; ++i) {
       out += i ? ", " : "";
       if (curve.samples->Undefined(i)) {
@@ -75,9 +87,6 @@ std::vector<std::string> GraphSketchLines(const Session& s, const GraphPicture& 
                   GeneralNumberFormat(m.x_max, s.Dp()) + ", y from " +
                   GeneralNumberFormat(m.y_min, s.Dp()) + " to " +
                   GeneralNumberFormat(m.y_max, s.Dp()));
-  if (picture.contours_left_out) {
-    lines.emplace_back("(curves of implicit equations are not drawn yet)");
-  }
   return lines;
 }
 

@@ -9,8 +9,8 @@
 namespace tavimor {
 
 // `, "graph": {...}`: the window (x and y ranges), and for each curve its equation, kind, colour
-// ("#rrggbb") and sampled world points ([x, y], null for an undefined point; null for a contour
-// kind, which is not drawn).
+// ("#rrggbb") and either its sampled world points ("points": [x, y], null for an undefined point)
+// or, for an implicit curve, its contours ("contours": each {"closed", "points"}).
 std::string GraphJsonField(const GraphPicture& picture);
 // The picture as SVG into the file; false with the reason in `error` when it cannot be written.
 bool WriteGraphSvg(const GraphPicture& picture, const std::string& path, std::string& error);

@@ -11,7 +11,6 @@
 #include "core/frontend.h"
 #include "core/session.h"
 #include "graph/draw_graphs.h"
-#include "graph/graph_window_host.h"
 #include "present/display_list.h"
 #include "present/rich_text.h"
 
@@ -36,7 +35,7 @@ bool ReadBoundedLine(std::istream& in, std::string& line, std::size_t max, bool&
 // end of the input.
 using LineSource = std::function<bool(const std::string& prompt, std::string& line)>;
 
-class TerminalFrontend : public Frontend, public GraphWindowHost {
+class TerminalFrontend : public Frontend {
  public:
   // With `live`, the work space is printed line by line as it is written and not kept, and
   // pauses and questions are asked on `in`; otherwise nothing waits, questions take their

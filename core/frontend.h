@@ -92,6 +92,10 @@ class Frontend {
   // The dialog of the Useful form of one on `dialog`, made ready: true when Apply was pressed
   // with a choice it allows, false when it was cancelled.
   virtual bool AskUfoo(Session& /*s*/, UfooDialogState& /*dialog*/) { return false; }
+  // The graph of the classified equations (EquationList). A window returns once it has closed,
+  // having written its settings back to GraphParms; the terminal draws the picture at once. A
+  // front end that shows no graphs ignores it.
+  virtual void OpenGraphWindow(Session& /*s*/) {}
 };
 
 }  // namespace tavimor

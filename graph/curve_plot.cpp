@@ -3,53 +3,14 @@
 #include "graph/curve_plot.h"
 
 #include <cmath>
-#include <exception>
 
-#include "core/evaluate.h"
-#include "core/scoped_override.h"
-#include "core/temp_tree.h"
+#include "graph/curve_tree.h"
 
 namespace tavimor {
 
 namespace {
 
 constexpr double kPi = 3.14159265358979;
-
-// A parsed curve whose letter is bound afresh for each point. The variable table of the
-// evaluator is kept and put back, so the student's values are not disturbed.
-class CurveTree {
- public:
-  CurveTree(Session& s, const std::string& expression, char letter)
-      : s_(s),
-        keep_names_(s.VarNames),
-        keep_values_(s.VarValues),
-        keep_count_(s.VarCount),
-        tree_(s, expression, TempTree::Depth::Whole),
-        letter_(letter) {}
-
-  // The value at a point, or kUndefinedValue where there is none (a pole, a root of a negative
-  // number, a logarithm of zero or less, a value beyond a 32-bit float).
-  float At(double value) {
-    try {
-      SetVarValue(s_, letter_, NodeValue{value});
-      EvaluateAll(s_, tree_.Root());
-      const double result = ValueAsNumber(s_, s_.Pool[tree_.Root()].Value);
-      const auto single = static_cast<float>(result);
-      if (!std::isfinite(single)) return kUndefinedValue;
-      return single;
-    } catch (const std::exception&) {
-      return kUndefinedValue;
-    }
-  }
-
- private:
-  Session& s_;
-  ScopedOverride<std::vector<char>> keep_names_;
-  ScopedOverride<std::vector<NodeValue>> keep_values_;
-  ScopedOverride<std::int16_t> keep_count_;
-  TempTree tree_;
-  char letter_;
-};
 
 bool IsUndefined(float v) { return v == kUndefinedValue; }
 
@@ -90,24 +51,29 @@ ClipCode ClipSegment(float& x1, float& y1, float& x2, float& y2, float low, floa
   return ClipCode::FirstMoved;
 }
 
+double ParameterAt(double tmin, double tmax, int k) {
+  if (k >= kCurveSegments) return tmax;
+  return tmin + (tmax - tmin) * k / 300.0;
+}
+
 CurveSamples SampleExplicit(Session& s, const std::string& expression, float xmin, float xmax) {
   CurveSamples out;
-  CurveTree tree(s, expression, 'x');
+  CurveTree tree(s, expression);
   for (int i = 0; i <= kCurveSegments; ++i) {
     // Each x from its index, never by accumulation.
     const auto x = static_cast<float>(xmin + (static_cast<double>(xmax) - xmin) * i / 300.0);
     out.x[static_cast<std::size_t>(i)] = x;
-    out.y[static_cast<std::size_t>(i)] = tree.At(x);
+    out.y[static_cast<std::size_t>(i)] = tree.At('x', x);
   }
   return out;
 }
 
 CurveSamples SampleExplicitPolar(Session& s, const std::string& expression) {
   CurveSamples out;
-  CurveTree tree(s, expression, 't');
+  CurveTree tree(s, expression);
   for (int i = 0; i <= kCurveSegments; ++i) {
     const auto t = static_cast<float>(2 * kPi * i / 300.0);
-    const float r = tree.At(t);
+    const float r = tree.At('t', t);
     const auto k = static_cast<std::size_t>(i);
     if (IsUndefined(r)) {
       out.x[k] = out.y[k] = kUndefinedValue;
@@ -123,34 +89,43 @@ CurveSamples SampleExplicitPolar(Session& s, const std::string& expression) {
 CurveSamples SampleParametric(Session& s, const std::string& x_expression,
                               const std::string& y_expression, float tmin, float tmax) {
   CurveSamples out;
-  CurveTree x_tree(s, x_expression, 't');
-  CurveTree y_tree(s, y_expression, 't');
+  CurveTree x_tree(s, x_expression);
+  CurveTree y_tree(s, y_expression);
   for (int i = 0; i <= kCurveSegments; ++i) {
-    const double t = tmin + (static_cast<double>(tmax) - tmin) * i / 300.0;
-    out.x[static_cast<std::size_t>(i)] = x_tree.At(t);
-    out.y[static_cast<std::size_t>(i)] = y_tree.At(t);
+    const double t = ParameterAt(tmin, tmax, i);
+    out.x[static_cast<std::size_t>(i)] = x_tree.At('t', t);
+    out.y[static_cast<std::size_t>(i)] = y_tree.At('t', t);
   }
   return out;
 }
 
 int DrawCurve(DisplayList& out, const GraphMapping& map, const CurveSamples& samples, bool clip_x,
               GraphColour colour, int width) {
+  return DrawWorldPoints(out, map, samples.x.data(), samples.y.data(), kCurveSegments + 1,
+                         clip_x ? ClipTo::YThenX : ClipTo::Y, colour, width);
+}
+
+int DrawWorldPoints(DisplayList& out, const GraphMapping& map, const float* xs, const float* ys,
+                    int count, ClipTo clip, GraphColour colour, int width) {
   int drawn = 0;
   bool open = false;  // the last item is a polyline that this segment may continue
-  for (int i = 1; i <= kCurveSegments; ++i) {
-    if (samples.Undefined(i - 1) || samples.Undefined(i)) {
+  for (int i = 1; i < count; ++i) {
+    const auto k = static_cast<std::size_t>(i);
+    if (IsUndefined(xs[k - 1]) || IsUndefined(ys[k - 1]) || IsUndefined(xs[k]) ||
+        IsUndefined(ys[k])) {
       open = false;
       continue;
     }
     // On copies: a moved end never becomes the next segment's start.
-    float x1 = samples.x[static_cast<std::size_t>(i - 1)];
-    float y1 = samples.y[static_cast<std::size_t>(i - 1)];
-    float x2 = samples.x[static_cast<std::size_t>(i)];
-    float y2 = samples.y[static_cast<std::size_t>(i)];
-    ClipCode code = ClipSegment(x1, y1, x2, y2, map.y_min, map.y_max);
+    float x1 = xs[k - 1];
+    float y1 = ys[k - 1];
+    float x2 = xs[k];
+    float y2 = ys[k];
+    ClipCode code = ClipCode::Inside;
+    if (clip != ClipTo::Nothing) code = ClipSegment(x1, y1, x2, y2, map.y_min, map.y_max);
     bool first_moved = code == ClipCode::FirstMoved;
     bool second_moved = code == ClipCode::SecondMoved;
-    if (clip_x && code < ClipCode::BothMoved) {
+    if (clip == ClipTo::YThenX && code < ClipCode::BothMoved) {
       // The same clip with the coordinates swapped, against the x range.
       const ClipCode across = ClipSegment(y1, x1, y2, x2, map.x_min, map.x_max);
       first_moved = first_moved || across == ClipCode::FirstMoved;

@@ -7,13 +7,12 @@
 #include <string>
 
 #include "core/session.h"
+#include "graph/curve_tree.h"
 #include "graph/display_list.h"
 #include "graph/graph_mapping.h"
 
 namespace tavimor {
 
-// The value of a point with no real value.
-inline constexpr float kUndefinedValue = 1.2345E+35f;
 // Every curve is sampled at 301 points: 300 segments.
 inline constexpr int kCurveSegments = 300;
 
@@ -40,6 +39,10 @@ struct CurveSamples {
   }
 };
 
+// Sample k of 300 of the range tmin to tmax: tmin + (tmax - tmin) * k / 300, and tmax itself at
+// the last sample, which the rounding of that sum could miss.
+double ParameterAt(double tmin, double tmax, int k);
+
 // y = f(x) for x from xmin to xmax.
 CurveSamples SampleExplicit(Session& s, const std::string& expression, float xmin, float xmax);
 // r = f(t) for t from 0 to 2 pi, as the points (r cos t, r sin t).
@@ -53,5 +56,11 @@ CurveSamples SampleParametric(Session& s, const std::string& x_expression,
 // is dropped. Returns the number of segments drawn.
 int DrawCurve(DisplayList& out, const GraphMapping& map, const CurveSamples& samples, bool clip_x,
               GraphColour colour, int width);
+
+// How the segments of a run of world points are clipped to the window before they are drawn.
+enum class ClipTo { Nothing, Y, YThenX };
+// Draws the `count` world points as a run of segments in the same way, joined into polylines.
+int DrawWorldPoints(DisplayList& out, const GraphMapping& map, const float* xs, const float* ys,
+                    int count, ClipTo clip, GraphColour colour, int width);
 
 }  // namespace tavimor

@@ -33,8 +33,15 @@ GraphPicture DrawGraphs(Session& s, const GraphParms& parms, const GraphTextMetr
       curve.samples = SampleParametric(s, rows[i][1], rows[i + 1][1], parms.tmin, parms.tmax);
       curve.equation += "; " + rows[i + 1][0] + "=" + rows[i + 1][1];
       ++i;
-    } else {
-      picture.contours_left_out = true;
+    } else if (curve.kind == kGraphContour || curve.kind == kGraphContourPolar) {
+      // F = (left)-(right)
+      const std::string f = "(" + rows[i][0] + ")-(" + rows[i][1] + ")";
+      const bool polar = curve.kind == kGraphContourPolar;
+      curve.contours = polar
+                           ? ContourPolar(s, f, parms.xmin, parms.xmax, parms.ymin, parms.ymax)
+                           : ContourCartesian(s, f, parms.xmin, parms.xmax, parms.ymin, parms.ymax);
+      curve.segments_drawn = DrawContours(picture.display, picture.mapping, curve.contours, polar,
+                                          curve.colour, parms.thickness);
     }
     if (curve.samples) {
       curve.segments_drawn = DrawCurve(picture.display, picture.mapping, *curve.samples,

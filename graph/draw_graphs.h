@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/session.h"
+#include "graph/contour_plot.h"
 #include "graph/curve_plot.h"
 #include "graph/display_list.h"
 #include "graph/graph_frame.h"
@@ -16,13 +17,15 @@
 namespace tavimor {
 
 // One curve of the graph: the row of EquationList it starts at (0-based), its kind and colour,
-// and its sampled world points (none for the contour kinds, which are not drawn here).
+// and its world points: sampled for the kinds that give a coordinate directly, followed contours
+// for the implicit kinds.
 struct GraphCurve {
   std::size_t row = 0;
   std::string kind;
   GraphColour colour = kGraphBlack;
   std::string equation;  // "left=right", both rows of a pair joined by "; "
   std::optional<CurveSamples> samples;
+  std::vector<ContourLine> contours;  // kinds 2 and 4
   int segments_drawn = 0;
 };
 
@@ -31,8 +34,6 @@ struct GraphPicture {
   PlotMargins margins;
   DisplayList display;
   std::vector<GraphCurve> curves;
-  // Whether some equation is of a contour kind, which this picture leaves out.
-  bool contours_left_out = false;
 };
 
 // Draws the classified equations of the work item under the settings: grid, rulers, curves.

@@ -10,8 +10,6 @@
 
 #include <QMessageBox>
 #include "core/frontend.h"
-#include "graph/graph_window_host.h"
-
 #include "qt/both_sides_dialog.h"
 #include "qt/display_painter.h"
 #include "qt/help_browser.h"
@@ -62,7 +60,7 @@ class CustomMsgBox : public QMessageBox {
   std::function<void(int)> show_help_;
 };
 
-class QtFrontend : public Frontend, public GraphWindowHost {
+class QtFrontend : public Frontend {
  public:
   QtFrontend() = default;
   QtFrontend(const QtFrontend&) = delete;

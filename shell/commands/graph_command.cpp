@@ -3,7 +3,6 @@
 
 #include "core/message_box.h"
 #include "graph/classify_graphs.h"
-#include "graph/graph_window_host.h"
 #include "shell/command_frame.h"
 #include "shell/command_table.h"
 
@@ -20,7 +19,7 @@ std::string cmdGraph(Session& s, bool) {
           ShowCustomMessage(s, "Error: " + refusal, help);
           return;
         }
-        if (auto* host = dynamic_cast<GraphWindowHost*>(&s.Screen())) host->OpenGraphWindow(s);
+        s.Screen().OpenGraphWindow(s);
       },
       [] {});
 }

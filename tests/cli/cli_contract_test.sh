@@ -615,8 +615,12 @@ contains "plot writes the graph as SVG" "$svg" '<svg xmlns="http://www.w3.org/20
 status=$?
 [ "$status" = 64 ] && echo "ok: a plot that cannot be written is a usage mistake" || { echo "FAIL: unwritable plot status $status"; failures=$((failures + 1)); }
 json=$("$cli" --json "x^2+y^2=4" graph 2>/dev/null)
-contains "json of an implicit curve lists it without points" "$json" \
-  '"curves": [{"equation": "x^2+y^2=4", "kind": "2", "colour": "#ff0000", "points": null}]'
+contains "json of an implicit curve lists its one closed contour" "$json" \
+  '"curves": [{"equation": "x^2+y^2=4", "kind": "2", "colour": "#ff0000", "contours": [{"closed": true, "points": [['
+case "$json" in *'"closed": false'*|*'}, {"closed"'*) echo "FAIL: the circle is more than one closed contour"; failures=$((failures + 1)) ;; *) echo "ok: the circle is one closed contour" ;; esac
+"$cli" --plot "$work/implicit.svg" "x^2+y^2=4" graph >/dev/null 2>&1
+svg=$(cat "$work/implicit.svg" 2>/dev/null)
+contains "plot draws an implicit curve as a polyline" "$svg" '<polyline fill="none" stroke="#ff0000" stroke-width="2" points="'
 check "graph is not on offer for an expression" 3 "" \
   "The command \"graph\" is not on offer now: its button is on the Equation panel." "2+2" graph
 json=$("$cli" --json "y=a*x" graph 2>/dev/null)

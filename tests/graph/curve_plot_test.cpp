@@ -181,12 +181,20 @@ TEST_F(Curve, StudentsValueOfTheLetterIsKept) {
   EXPECT_EQ(std::get<std::string>(s.VarValues[0]), "7");
 }
 
-TEST_F(Curve, ContourKindsAreListedButNotDrawn) {
+TEST_F(Curve, ContourKindsAreDrawnBesideTheSampledCurves) {
   const GraphPicture picture = Draw({{"x^2+y^2", "4"}, {"y", "x"}});
-  EXPECT_TRUE(picture.contours_left_out);
   ASSERT_EQ(picture.curves.size(), 2u);
   EXPECT_FALSE(picture.curves[0].samples.has_value());
-  EXPECT_EQ(Polylines(picture).size(), 1u);
+  EXPECT_EQ(picture.curves[0].contours.size(), 1u);
+  EXPECT_EQ(Polylines(picture).size(), 2u);
+}
+
+TEST(ParameterAt, TheLastSampleIsTheMaximumExactly) {
+  // 0.2 + (0.9 - 0.2) * 300 / 300 rounds to 0.8999999999999999.
+  EXPECT_EQ(ParameterAt(0.2, 0.9, 300), 0.9);
+  EXPECT_EQ(ParameterAt(-1.1, 3.7, 300), 3.7);
+  EXPECT_DOUBLE_EQ(ParameterAt(0.2, 0.9, 150), 0.55);
+  EXPECT_EQ(ParameterAt(-2, 3, 0), -2.0);
 }
 
 // Every drawn point of an explicit curve lies within a pixel of the curve; an end clipped to the

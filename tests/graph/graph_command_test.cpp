@@ -2,7 +2,6 @@
 // equations.
 #include <gtest/gtest.h>
 
-#include "graph/graph_window_host.h"
 #include "shell/buttons.h"
 #include "shell/command_table.h"
 #include "shell/main_flow.h"
@@ -12,7 +11,7 @@ namespace tavimor {
 namespace {
 
 // A recording front end that also shows graphs.
-class GraphRecordingFrontend : public RecordingFrontend, public GraphWindowHost {
+class GraphRecordingFrontend : public RecordingFrontend {
  public:
   void OpenGraphWindow(Session& s) override {
     ++opened;
