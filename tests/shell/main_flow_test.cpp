@@ -5,6 +5,7 @@
 #include "present/work_space.h"
 #include "shell/buttons.h"
 #include "shell/command_frame.h"
+#include "shell/command_table.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 #include "support/session_fixture.h"
@@ -247,10 +248,18 @@ TEST_F(MainFlow, ButtonsOnOfferAreOnTheVisiblePanelVisibleAndEnabled) {
   cmdDoLHS(s);
   EXPECT_TRUE(ButtonOnOffer(s, "cmdShowEqnFrame"));
   std::string error;
-  EXPECT_EQ(PressButton(s, "cmdTree", false, error), PressOutcome::NotBuilt);
+  EXPECT_EQ(PressButton(s, "cmdNoSuchButton", false, error), PressOutcome::NotOnOffer);
   EXPECT_EQ(PressButton(s, "cmdDoLHS", false, error), PressOutcome::NotOnOffer);
   EXPECT_EQ(PressButton(s, "cmdShowEqnFrame", false, error), PressOutcome::Done);
   EXPECT_EQ(s.Form.visible_panel, kPanelEquation);
+}
+
+TEST_F(MainFlow, EveryButtonOfThePanelsRuns) {
+  // Only OK, which loads the typed item, has no command of the table.
+  for (const CommandRow& row : CommandRows()) {
+    if (std::string(row.button) == "cmdLoadEquation") continue;
+    EXPECT_TRUE(ButtonIsBuilt(row.button)) << row.button;
+  }
 }
 
 TEST_F(MainFlow, TooltipsAreTheSystemsDescriptions) {
