@@ -68,20 +68,31 @@ CurveSamples SampleExplicit(Session& s, const std::string& expression, float xmi
   return out;
 }
 
-CurveSamples SampleExplicitPolar(Session& s, const std::string& expression) {
+CurveSamples SamplePolarRadius(Session& s, const std::string& expression) {
   CurveSamples out;
   CurveTree tree(s, expression);
   for (int i = 0; i <= kCurveSegments; ++i) {
     const auto t = static_cast<float>(2 * kPi * i / 300.0);
     const float r = tree.At('t', t);
     const auto k = static_cast<std::size_t>(i);
-    if (IsUndefined(r)) {
-      out.x[k] = out.y[k] = kUndefinedValue;
-    } else {
-      // Always radians, whatever the option of degrees says.
-      out.x[k] = static_cast<float>(r * std::cos(static_cast<double>(t)));
-      out.y[k] = static_cast<float>(r * std::sin(static_cast<double>(t)));
+    out.x[k] = t;
+    out.y[k] = IsUndefined(r) ? kUndefinedValue : r;
+  }
+  return out;
+}
+
+CurveSamples SampleExplicitPolar(Session& s, const std::string& expression) {
+  CurveSamples out = SamplePolarRadius(s, expression);
+  for (std::size_t k = 0; k < out.x.size(); ++k) {
+    if (out.y[k] == kUndefinedValue) {
+      out.x[k] = kUndefinedValue;
+      continue;
     }
+    // Always radians, whatever the option of degrees says.
+    const double t = static_cast<double>(out.x[k]);
+    const double r = static_cast<double>(out.y[k]);
+    out.x[k] = static_cast<float>(r * std::cos(t));
+    out.y[k] = static_cast<float>(r * std::sin(t));
   }
   return out;
 }

@@ -45,6 +45,8 @@ double ParameterAt(double tmin, double tmax, int k);
 
 // y = f(x) for x from xmin to xmax.
 CurveSamples SampleExplicit(Session& s, const std::string& expression, float xmin, float xmax);
+// r = f(t) for t from 0 to 2 pi, as the points (t, r).
+CurveSamples SamplePolarRadius(Session& s, const std::string& expression);
 // r = f(t) for t from 0 to 2 pi, as the points (r cos t, r sin t).
 CurveSamples SampleExplicitPolar(Session& s, const std::string& expression);
 // x = f(t), y = g(t) for t from tmin to tmax.

@@ -106,7 +106,7 @@ void ShowGrid(DisplayList& out, const GraphMapping& map, const GraphParms& parms
 }
 
 void ShowRulers(DisplayList& out, const GraphTextMetrics& metrics, const GraphMapping& map,
-                const GraphParms& p, char decimal_point) {
+                const GraphParms& p, char decimal_point, const char* x_name, const char* y_name) {
   const double x_step = (p.xmax - p.xmin) / p.x_divisions;
   const double y_step = (p.ymax - p.ymin) / p.y_divisions;
   const int x_decimals = GraphDecimals(p.xmin, x_step, decimal_point);
@@ -119,10 +119,10 @@ void ShowRulers(DisplayList& out, const GraphTextMetrics& metrics, const GraphMa
       const char* name;
       double x, y;
     };
-    const Side sides[] = {{1, "x", map.pixel_left, map.pixel_bottom},
+    const Side sides[] = {{1, x_name, map.pixel_left, map.pixel_bottom},
                           {2, "", map.pixel_left, map.pixel_top},
                           {3, "", map.pixel_right, map.pixel_bottom},
-                          {4, "y  ", map.pixel_left, map.pixel_bottom}};
+                          {4, y_name, map.pixel_left, map.pixel_bottom}};
     for (const Side& side : sides) {
       const bool across = side.side <= 2;
       AxisLine axis;

@@ -44,7 +44,9 @@ void DrawAxisLine(DisplayList& out, const GraphTextMetrics& metrics, const AxisL
 // The grid points: (gx + 1) x (gy + 1) points over the window.
 void ShowGrid(DisplayList& out, const GraphMapping& map, const GraphParms& parms);
 // The rulers in frame style, or the two axes in cross hair style.
+// In frame style the bottom and left rulers carry the names (x and y unless told).
 void ShowRulers(DisplayList& out, const GraphTextMetrics& metrics, const GraphMapping& map,
-                const GraphParms& parms, char decimal_point);
+                const GraphParms& parms, char decimal_point, const char* x_name = "x",
+                const char* y_name = "y  ");
 
 }  // namespace tavimor

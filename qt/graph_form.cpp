@@ -30,6 +30,7 @@
 
 #include "core/session.h"
 #include "graph/classify_graphs.h"
+#include "graph/diagnostic_rt.h"
 #include "graph/graph_copy.h"
 
 namespace tavimor {
@@ -140,6 +141,9 @@ GraphForm::GraphForm(QWidget* parent, Session& s)
     drag_modes->addAction(mode);
   }
   zoom_rectangle_->setChecked(true);
+  options->addSeparator();
+  r_vs_t_ = options->addAction("graph of r vs t", this, &GraphForm::DrawRadiusAgainstAngle);
+  r_vs_t_->setEnabled(HasPolarCurve(s_));
   QMenu* edit = menu->addMenu("&Edit");
   edit->addAction("&Copy picture", this, &GraphForm::CopyPicture);
   layout->setMenuBar(menu);
@@ -302,6 +306,17 @@ void GraphForm::DrawGraphs() {
     picture_ = tavimor::DrawGraphs(s_, parms_);
   } catch (const std::exception&) {
     return;  // a drawing that fails ends silently, leaving what was drawn
+  }
+  canvas_->SetDisplay(picture_.display);
+  PlaceDot();
+}
+
+void GraphForm::DrawRadiusAgainstAngle() {
+  if (!HasPolarCurve(s_)) return;
+  try {
+    picture_ = DiagnosticRT(s_, ControlsToParms());
+  } catch (const std::exception&) {
+    return;  // as a drawing that fails: what was drawn stays
   }
   canvas_->SetDisplay(picture_.display);
   PlaceDot();

@@ -111,6 +111,9 @@ class GraphForm : public QDialog {
   // The window's limits zoomed or moved, written to the boxes, and the graph drawn again.
   void ZoomIn();
   void ZoomOut();
+  // The diagnostic graph of r against t of the polar curves; the next drawing replaces it.
+  void DrawRadiusAgainstAngle();
+  QAction* RadiusAgainstAngleAction() const { return r_vs_t_; }
   // Copies the picture to the clipboard as a bitmap.
   void CopyPicture();
   // Writes the heading and the picture into the work space; the window stays open.
@@ -155,6 +158,7 @@ class GraphForm : public QDialog {
   QAction* zoom_out_;
   QAction* zoom_rectangle_;
   QAction* pan_;
+  QAction* r_vs_t_;
   QLabel* status_;
   QCheckBox* dot_box_;
   QSlider* slider_;

@@ -204,6 +204,31 @@ class GraphFormTest : public QObject {
     QVERIFY(!form.Box(10)->isEnabled());
   }
 
+  void GraphOfRAgainstTIsOfferedForPolarCurvesOnly() {
+    Prepare({{"y", "x"}});
+    {
+      GraphForm form(nullptr, *s_);
+      QVERIFY(!form.RadiusAgainstAngleAction()->isEnabled());
+    }
+    Prepare({{"r", "1+cos(t)"}});
+    GraphForm form(nullptr, *s_);
+    form.resize(600, 500);
+    form.show();
+    QVERIFY(form.RadiusAgainstAngleAction()->isEnabled());
+    form.RadiusAgainstAngleAction()->trigger();
+    bool named_t = false;
+    for (const GraphItem& item : form.Canvas()->Display().items) {
+      named_t = named_t || (item.type == GraphItem::Type::Text && item.text == "t");
+    }
+    QVERIFY(named_t);
+    QCOMPARE(CountPolylines(form), 1);
+    form.grab().save(QStringLiteral("/tmp/graph_r_vs_t.png"));
+    form.DrawGraphs();  // the next drawing replaces the diagnostic view
+    for (const GraphItem& item : form.Canvas()->Display().items) {
+      QVERIFY(!(item.type == GraphItem::Type::Text && item.text == "t"));
+    }
+  }
+
   void SliderAtThreeHundredPutsTheDotAtTheMaximumT() {
     Prepare({{"x", "4*cos(t)"}, {"y", "4*sin(t)"}});
     GraphForm form(nullptr, *s_);
