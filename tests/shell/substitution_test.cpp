@@ -147,9 +147,9 @@ TEST_F(Substitution, LastEquationGoesStraightToBackSubstitution) {
 TEST_F(Substitution, GeneratedSystemsAreSolvedOrReadAsTheyAre) {
   std::mt19937 random(4242);
   std::uniform_int_distribution<int> small(-5, 5);
-  const std::string letters = "xyzw";
-  for (int trial = 0; trial < 60; ++trial) {
-    const int n = 2 + trial % 3;
+  const std::string letters = "xyzwuv";
+  for (int trial = 0; trial < 100; ++trial) {
+    const int n = 2 + trial % 5;
     std::vector<std::vector<int>> a(static_cast<std::size_t>(n),
                                     std::vector<int>(static_cast<std::size_t>(n)));
     std::vector<int> solution(static_cast<std::size_t>(n));
