@@ -93,5 +93,17 @@ TEST(HelpCoverage, EveryHelpNumberHasAnEntryAndAPage) {
   }
 }
 
+TEST(HelpCoverage, EveryEntryOfTheMapLeadsToAPage) {
+  const std::string data = TAVIMOR_DATA_DIR;
+  const HelpTables here = ReadHelpTopics(FileText(data + "/help/" + kHelpMapFileName), data);
+  for (const HelpSystem& system : here.HelpSystems) {
+    for (const auto& [number, page] : system.pages) {
+      const std::string path = HelpPagePath(here, number);
+      EXPECT_TRUE(std::filesystem::is_regular_file(path))
+          << system.name << " topic " << number << ": " << path;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tavimor
