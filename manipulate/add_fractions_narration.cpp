@@ -103,10 +103,7 @@ AddFractionsOutcome AddFractionsSide(Session& s, NodeIdx side) {
   const std::string message = AddFractionsMessage(0, first, sum.record, sum.sum, sum.whole);
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));
   if (s.DetailNow >= 1) {
-    const int which = s.Form.panel1_caption == "Left Side"    ? 1
-                      : s.Form.panel1_caption == "Right Side" ? 2
-                                                              : 0;
-    s.Message = AddFractionsMessage(which, first, sum.record, sum.sum, sum.whole);
+    s.Message = AddFractionsMessage(SideOfPanel(s), first, sum.record, sum.sum, sum.whole);
     ShowStep(s, side);
   }
   return outcome;

@@ -24,7 +24,6 @@ namespace {
 // The help page of the textbook steps of completing the square.
 constexpr int kCompleteSquareHelp = 69;
 // The colour of the help texts, in which the rule after the steps is drawn.
-constexpr int kHelpColour = 9;
 constexpr const char* kEnd = " .\\|";
 constexpr int kRecordPieces = 20;
 
@@ -243,14 +242,8 @@ bool CompleteSquareSide(Session& s, NodeIdx side) {
   LoadSide(s, side, text);
   s.HelpNumber = kCompleteSquareHelp;
   if (s.DetailNow >= 1) {
-    const int which = s.Form.panel1_caption == "Left Side"    ? 1
-                      : s.Form.panel1_caption == "Right Side" ? 2
-                                                              : 0;
-    s.Message = CompletedSquareNarration(which, record);
-    ShowStep(s, side);
-    WorkSpaceSink box(s);
-    WriteRule(s, box, kHelpColour);
-    WriteText(s, box, "", 0, 2, "FFF0");
+    s.Message = CompletedSquareNarration(SideOfPanel(s), record);
+    ShowStepClosedByRule(s, side);
   }
   return true;
 }

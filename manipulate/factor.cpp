@@ -21,7 +21,6 @@ namespace tavimor {
 namespace {
 
 // The colour of the help texts, in which the rule after the steps is drawn.
-constexpr int kHelpColour = 9;
 
 // The silent simplify loop on a tree; Message and the detail kept.
 bool SimplifyTreeSilently(Session& s, NodeIdx& root) {
@@ -163,14 +162,8 @@ bool FactorSide(Session& s, NodeIdx side, bool lcm) {
   LoadSide(s, side, text);
   s.HelpNumber = static_cast<std::int16_t>(std::atoi(FactorRecordField(record, 4).c_str()));
   if (s.DetailNow >= 1) {
-    const int which = s.Form.panel1_caption == "Left Side"    ? 1
-                      : s.Form.panel1_caption == "Right Side" ? 2
-                                                              : 0;
-    s.Message = NarrateFactoring(which, record);
-    ShowStep(s, side);
-    WorkSpaceSink box(s);
-    WriteRule(s, box, kHelpColour);
-    WriteText(s, box, "", 0, 2, "FFF0");
+    s.Message = NarrateFactoring(SideOfPanel(s), record);
+    ShowStepClosedByRule(s, side);
   }
   return true;
 }

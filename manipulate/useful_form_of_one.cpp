@@ -11,6 +11,7 @@
 #include "core/text_predicates.h"
 #include "core/validate.h"
 #include "manipulate/factor.h"
+#include "present/work_space.h"
 #include "simplify/factor_texts.h"
 #include "simplify/simplify_driver.h"
 
@@ -176,7 +177,7 @@ bool CreateUFOO2(Session& s, const std::string& text, std::string& conjugate, st
 
 bool CreateUFOO3(Session& s, NodeIdx side, std::string& factor) {
   factor.clear();
-  if (s.Form.panel1_caption != "Left Side" && s.Form.panel1_caption != "Right Side") return false;
+  if (SideOfPanel(s) == 0) return false;  // an expression has no other side
   const NodeIdx other_side = side == kLeftRoot ? kRightRoot : kLeftRoot;
   const std::string here = s.Pool[side].Text;
   const std::string there = s.Pool[other_side].Text;

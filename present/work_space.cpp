@@ -130,6 +130,20 @@ void ShowStep(Session& s, NodeIdx n) {
   InsertPicture(s, box, StepPicture(s, n), 1, 2, true);
 }
 
+void ShowStepClosedByRule(Session& s, NodeIdx n) {
+  ShowStep(s, n);
+  constexpr int kHelpColour = 9;
+  WorkSpaceSink box(s);
+  WriteRule(s, box, kHelpColour);
+  WriteText(s, box, "", 0, 2, "FFF0");
+}
+
+int SideOfPanel(const Session& s) {
+  if (s.Form.panel1_caption == "Left Side") return 1;
+  if (s.Form.panel1_caption == "Right Side") return 2;
+  return 0;
+}
+
 void ShowStepEqn(Session& s, const std::string& message, const std::string& left,
                  const std::string& right) {
   s.HelpNumber = static_cast<std::int16_t>(HelpNumberOf(message));

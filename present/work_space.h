@@ -51,6 +51,12 @@ void InsertPicture(Session& s, RichTextSink& box, Picture picture, int lines_bef
 // Takes Message, sets HelpNumber, writes it, then the side with `n` in place of the side being
 // worked on (the whole equation when panel 1 is "Left Side" or "Right Side").
 void ShowStep(Session& s, NodeIdx n);
+// ShowStep, then a rule in the help colour that closes the command's narration (Factor and
+// Complete the square end so).
+void ShowStepClosedByRule(Session& s, NodeIdx n);
+// The side a command's narration names, by panel 1's caption: 0 the expression, 1 the left side
+// of the equation, 2 the right side.
+int SideOfPanel(const Session& s);
 // Writes a message and the equation given.
 void ShowStepEqn(Session& s, const std::string& message, const std::string& left,
                  const std::string& right);

@@ -105,9 +105,10 @@ bool TellSimplifiedInstead(Session& s, NodeIdx side, const std::string& input,
 void ShowResult(Session& s, const std::array<std::string, 6>& phrases, bool changed) {
   WorkSpaceSink box(s);
   const FontMetrics& metrics = s.Screen().Metrics();
-  const std::string& caption = s.Form.panel1_caption;
-  const bool side = caption == "Left Side" || caption == "Right Side";
-  const std::size_t first = caption == "Left Side" ? 0 : (caption == "Right Side" ? 2 : 4);
+  const int panel_side = SideOfPanel(s);
+  const bool side = panel_side != 0;
+  constexpr std::size_t kFirstPhrase[] = {4, 0, 2};  // expression, left side, right side
+  const std::size_t first = kFirstPhrase[panel_side];
   if (changed) {
     WriteMessage(s, box, phrases[first], s.StreamingOutput);
     Picture picture =

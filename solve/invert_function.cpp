@@ -40,22 +40,53 @@ bool NegativeNumber(Session& s, const std::string& text) {
   return v && *v < 0.0;
 }
 
-// sin, cos, tan: the inverse on the right, and which of the three sentences fits the result.
-std::string InverseTrig(Session& s, const std::string& name, const std::string& right,
-                        const char* plain, const char* moved_number, const char* moved_text) {
-  const std::string inverse = "arc" + name;
+// The inverse of sin, cos and tan, with its three sentences: plain, a principal value of a
+// number with many values, and the sign moved by the function's symmetry.
+struct InverseTrigRow {
+  const char* name;
+  const char* plain;
+  const char* many_values;
+  const char* symmetry;
+};
+constexpr InverseTrigRow kInverseTrig[] = {
+    // sin(A)=B -> A=arcsin(B)   help 121, 374
+    {"sin", "121#Take the arcsin of both sides.", "374#Take the arcsin of both sides.  Note that ",
+     "374#Take the arcsin of both sides.  Note that on the RHS the @-@ sign can be moved to the "
+     "front because of the symmetry of the arcsin function."},
+    // cos(A)=B -> A=arccos(B)   help 122, 375
+    {"cos", "122#Take the arccos of both sides.", "375#Take the arccos of both sides.  Note that ",
+     "375#Take the arccos of both sides.  Note that on the RHS the @-@ sign can be moved out "
+     "because of the symmetry of the arccos function."},
+    // tan(A)=B -> A=arctan(B)   help 123, 376
+    {"tan", "123#Take the arctan of both sides.", "376#Take the arctan of both sides.  Note that ",
+     "376#Take the arctan of both sides.  Note that on the RHS the @-@ sign can be moved to the "
+     "front because of the symmetry of the arctan function."},
+};
+
+const InverseTrigRow* FindInverseTrig(const std::string& name) {
+  for (const InverseTrigRow& row : kInverseTrig) {
+    if (name == row.name) return &row;
+  }
+  return nullptr;
+}
+
+// The inverse on the right, and which of the row's three sentences fits the result.
+std::string InverseTrig(Session& s, const InverseTrigRow& row, const std::string& right) {
+  const std::string inverse = std::string("arc") + row.name;
   const std::string simplified = SimplifyText(s, inverse + "(" + right + ")");
-  if (StartsWith(simplified, ("-" + inverse).c_str())) return moved_text;
+  if (StartsWith(simplified, ("-" + inverse).c_str())) return row.symmetry;
   if (!StartsWith(simplified, inverse.c_str())) {
-    return std::string(moved_number) + "@" + right + "@ has many values.  " +
+    return std::string(row.many_values) + "@" + right + "@ has many values.  " +
            "The value shown on the RHS is the principal value.";
   }
-  return plain;
+  return row.plain;
 }
+
+}  // namespace
 
 // The note on the right side's logarithm: a power's exponent comes down, a reciprocal's sign
 // comes out.
-std::string LogNote(Session& s, const std::string& right, const std::string& log) {
+std::string LogarithmNote(Session& s, const std::string& right, const std::string& log) {
   if (IsPowerText(s, right)) {
     return "  On the right side use the property of logarithms @" + log + "(Q^m)->m*" + log +
            "(Q)@ to bring down the exponent.";
@@ -65,12 +96,6 @@ std::string LogNote(Session& s, const std::string& right, const std::string& log
            "(Q)@ .";
   }
   return "";
-}
-
-}  // namespace
-
-std::string LogarithmNote(Session& s, const std::string& right, const std::string& log) {
-  return LogNote(s, right, log);
 }
 
 void InvertFunction(Session& s, std::string& left, std::string& right, std::string& message) {
@@ -83,26 +108,9 @@ void InvertFunction(Session& s, std::string& left, std::string& right, std::stri
   if ((name == "sin" || name == "cos") && real_only && OutsideUnit(s, was)) {
     right = kNoSolution;
     message = "257#This equation has no solution over the real numbers.";
-  } else if (name == "sin") {
-    message = InverseTrig(s, name, was, "121#Take the arcsin of both sides.",
-                          "374#Take the arcsin of both sides.  Note that ",
-                          "374#Take the arcsin of both sides.  Note that on the RHS the @-@ sign "
-                          "can be moved to the front because of the symmetry of the arcsin "
-                          "function.");
-    right = "arcsin(" + was + ")";
-  } else if (name == "cos") {
-    message = InverseTrig(s, name, was, "122#Take the arccos of both sides.",
-                          "375#Take the arccos of both sides.  Note that ",
-                          "375#Take the arccos of both sides.  Note that on the RHS the @-@ sign "
-                          "can be moved out because of the symmetry of the arccos function.");
-    right = "arccos(" + was + ")";
-  } else if (name == "tan") {
-    message = InverseTrig(s, name, was, "123#Take the arctan of both sides.",
-                          "376#Take the arctan of both sides.  Note that ",
-                          "376#Take the arctan of both sides.  Note that on the RHS the @-@ sign "
-                          "can be moved to the front because of the symmetry of the arctan "
-                          "function.");
-    right = "arctan(" + was + ")";
+  } else if (const InverseTrigRow* row = FindInverseTrig(name)) {
+    message = InverseTrig(s, *row, was);
+    right = "arc" + name + "(" + was + ")";
   } else if (name == "arcsin" || name == "arctan") {
     const std::string inverse = name.substr(3);
     right = inverse + "(" + was + ")";
@@ -142,7 +150,7 @@ void InvertFunction(Session& s, std::string& left, std::string& right, std::stri
       message = "128#This equation has no solution over the real numbers.";
     } else {
       right = "ln(" + was + ")";
-      message = "128#Take the natural logarithm both sides." + LogNote(s, was, "ln");
+      message = "128#Take the natural logarithm both sides." + LogarithmNote(s, was, "ln");
     }
   } else if (name == "log") {
     right = "10^" + AsExponent(s, was);

@@ -15,10 +15,9 @@ namespace tavimor {
 std::string cmdBrackets(Session& s, bool) {
   ButtonState& button = s.Form.Button("cmdBrackets");
   if (button.tag == "restart") button.tag = "0";
-  const std::string& caption = s.Form.panel1_caption;
-  const std::string where = caption == "Left Side"    ? " on the left side of the equation"
-                            : caption == "Right Side" ? " on the right side of the equation"
-                                                      : "";
+  constexpr const char* kWhere[] = {"", " on the left side of the equation",
+                                    " on the right side of the equation"};
+  const std::string where = kWhere[SideOfPanel(s)];
   bool removed = false;
   return RunCommandFrame(
       s, "Error in removing brackets.",
