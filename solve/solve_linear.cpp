@@ -26,6 +26,48 @@ bool GiveHint(Session& s, int help, const std::string& text) {
   return true;
 }
 
+// What sorting the terms in one power of the unknown says and writes: the power's text ("x" or
+// "x^2"), the terms and their factored coefficient, the sentences and their help numbers.
+struct SortedPower {
+  std::string power;
+  std::string terms;
+  std::string coefficient;
+  std::string sum_test;  // factoring out is written when this is a sum
+  std::string text;      // the opening sentence
+  const char* transpose_help;
+  const char* factor_sorted_help;
+  const char* factor_help;
+  int hint_help;
+};
+
+// Terms in the power to the left, constants to the right, then the power factored out of a sum
+// of terms; in hint mode the sentence of the next step instead.
+bool TransposeAndFactorOut(Session& s, SolveRun& run, const PolynomialView& view,
+                           bool already_sorted, const SortedPower& p) {
+  if (!already_sorted) {
+    run.WorkLeft = p.terms;
+    run.WorkRight = view.NegConst;
+    FormStep(s, p.transpose_help + p.text, run.WorkLeft, run.WorkRight);
+  }
+  const bool several = IsSumText(s, p.sum_test);
+  if (several) {
+    run.WorkLeft = p.power + "*(" + p.coefficient + ")";
+    run.WorkRight = view.NegConst;
+    FormStep(s,
+             already_sorted ? p.factor_sorted_help + p.text
+                            : p.factor_help + ("Factor out @" + p.power + "@ on the left side."),
+             run.WorkLeft, run.WorkRight);
+  }
+  if (s.HintState == 1) {
+    std::string hint = p.text;
+    if (!already_sorted && several) {
+      hint += "  ||Then factor out @" + p.power + "@ on the left side.";
+    }
+    return GiveHint(s, p.hint_help, hint);
+  }
+  return false;
+}
+
 }  // namespace
 
 bool SolveLinear(Session& s, SolveRun& run, const PolynomialView& view, bool already_sorted) {
@@ -37,24 +79,9 @@ bool SolveLinear(Session& s, SolveRun& run, const PolynomialView& view, bool alr
                      : "This is a linear equation.  Transpose (add or subtract) all terms "
                        "containing @" +
                            x + "@ to the left side and all constant terms to the right side.";
-  if (!already_sorted) {
-    run.WorkLeft = view.LinTerms;
-    run.WorkRight = view.NegConst;
-    FormStep(s, "152#" + text, run.WorkLeft, run.WorkRight);
-  }
-  const bool several = IsSumText(s, view.LinTerms);
-  if (several) {
-    run.WorkLeft = x + "*(" + view.LinCoef + ")";
-    run.WorkRight = view.NegConst;
-    FormStep(s, already_sorted ? "153#" + text : "153#Factor out @" + x + "@ on the left side.",
-             run.WorkLeft, run.WorkRight);
-  }
-  if (s.HintState == 1) {
-    std::string hint = text;
-    if (!already_sorted && several) hint += "  ||Then factor out @" + x + "@ on the left side.";
-    return GiveHint(s, 154, hint);
-  }
-  return false;
+  return TransposeAndFactorOut(
+      s, run, view, already_sorted,
+      {x, view.LinTerms, view.LinCoef, view.LinTerms, text, "152#", "153#", "153#", 154});
 }
 
 bool SolveQuadraticNoLinear(Session& s, SolveRun& run, const PolynomialView& view,
@@ -67,24 +94,9 @@ bool SolveQuadraticNoLinear(Session& s, SolveRun& run, const PolynomialView& vie
                            "||Factor out @" + x + "^2@ on the left side."
                      : opening + "Transpose (add or subtract) all terms containing @" + x +
                            "^2@ to the left side and all constant terms to the right side.";
-  if (!already_sorted) {
-    run.WorkLeft = view.QuadTerms;
-    run.WorkRight = view.NegConst;
-    FormStep(s, "310#" + text, run.WorkLeft, run.WorkRight);
-  }
-  const bool several = IsSumText(s, view.QuadCoef);
-  if (several) {
-    run.WorkLeft = x + "^2*(" + view.QuadCoef + ")";
-    run.WorkRight = view.NegConst;
-    FormStep(s, already_sorted ? "392#" + text : "311#Factor out @" + x + "^2@ on the left side.",
-             run.WorkLeft, run.WorkRight);
-  }
-  if (s.HintState == 1) {
-    std::string hint = text;
-    if (!already_sorted && several) hint += "  ||Then factor out @" + x + "^2@ on the left side.";
-    return GiveHint(s, 393, hint);
-  }
-  return false;
+  return TransposeAndFactorOut(
+      s, run, view, already_sorted,
+      {x + "^2", view.QuadTerms, view.QuadCoef, view.QuadCoef, text, "310#", "392#", "311#", 393});
 }
 
 bool SolveSquareIsZero(Session& s, SolveRun& run, const std::string& quad_coef) {
