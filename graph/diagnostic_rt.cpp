@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/number_text.h"
 #include "graph/classify_graphs.h"
 #include "graph/graph_interaction.h"
 
@@ -16,18 +15,13 @@ bool HasPolarCurve(const Session& s) {
 }
 
 GraphPicture DiagnosticRT(Session& s, const GraphParms& parms, const GraphTextMetrics& metrics) {
-  GraphPicture picture;
   std::vector<GraphCurve> curves;
   double low = INFINITY;
   double high = -INFINITY;
   const std::vector<EquationRow>& rows = s.EquationList;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (rows[i][3] != kGraphExplicitPolar) continue;
-    GraphCurve curve;
-    curve.row = i;
-    curve.kind = rows[i][3];
-    curve.colour = static_cast<GraphColour>(SafeValue(s, rows[i][2]));
-    curve.equation = rows[i][0] + "=" + rows[i][1];
+    GraphCurve curve = CurveOfRow(s, i);
     curve.samples = SamplePolarRadius(s, rows[i][1]);
     for (int k = 0; k <= kCurveSegments; ++k) {
       if (curve.samples->Undefined(k)) continue;
@@ -68,13 +62,7 @@ GraphPicture DiagnosticRT(Session& s, const GraphParms& parms, const GraphTextMe
   view.ymax = static_cast<float>(r_high);
   view.y_divisions = static_cast<float>(std::round((r_high - r_low) / step));
   view.y_grid = view.y_divisions;
-  picture.margins = ComputePlotMargins(view.width, view.height);
-  picture.display.width = view.width;
-  picture.display.height = view.height;
-  const PlotMargins& m = picture.margins;
-  picture.mapping = SetGraphMapping(static_cast<float>(m.left), static_cast<float>(m.right),
-                                    static_cast<float>(m.bottom), static_cast<float>(m.top),
-                                    view.xmin, view.xmax, view.ymin, view.ymax);
+  GraphPicture picture = StartPicture(view);
   // Frame-style rulers whatever the settings say: the view is read off its rulers.
   view.axes = 1;
   ShowRulers(picture.display, metrics, picture.mapping, view, s.Dp(), "t", "r  ");

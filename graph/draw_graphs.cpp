@@ -6,7 +6,17 @@
 
 namespace tavimor {
 
-GraphPicture DrawGraphs(Session& s, const GraphParms& parms, const GraphTextMetrics& metrics) {
+GraphCurve CurveOfRow(Session& s, std::size_t row) {
+  const EquationRow& r = s.EquationList[row];
+  GraphCurve curve;
+  curve.row = row;
+  curve.kind = r[3];
+  curve.colour = static_cast<GraphColour>(SafeValue(s, r[2]));
+  curve.equation = r[0] + "=" + r[1];
+  return curve;
+}
+
+GraphPicture StartPicture(const GraphParms& parms) {
   GraphPicture picture;
   picture.margins = ComputePlotMargins(parms.width, parms.height);
   picture.display.width = parms.width;
@@ -15,15 +25,16 @@ GraphPicture DrawGraphs(Session& s, const GraphParms& parms, const GraphTextMetr
   picture.mapping = SetGraphMapping(static_cast<float>(m.left), static_cast<float>(m.right),
                                     static_cast<float>(m.bottom), static_cast<float>(m.top),
                                     parms.xmin, parms.xmax, parms.ymin, parms.ymax);
+  return picture;
+}
+
+GraphPicture DrawGraphs(Session& s, const GraphParms& parms, const GraphTextMetrics& metrics) {
+  GraphPicture picture = StartPicture(parms);
   if (parms.GridOn()) ShowGrid(picture.display, picture.mapping, parms);
   if (parms.AxesOn()) ShowRulers(picture.display, metrics, picture.mapping, parms, s.Dp());
   const std::vector<EquationRow>& rows = s.EquationList;
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    GraphCurve curve;
-    curve.row = i;
-    curve.kind = rows[i][3];
-    curve.colour = static_cast<GraphColour>(SafeValue(s, rows[i][2]));
-    curve.equation = rows[i][0] + "=" + rows[i][1];
+    GraphCurve curve = CurveOfRow(s, i);
     const bool pair = curve.kind == kGraphParametricX && i + 1 < rows.size();
     if (curve.kind == kGraphExplicit) {
       curve.samples = SampleExplicit(s, rows[i][1], parms.xmin, parms.xmax);

@@ -36,6 +36,12 @@ struct GraphPicture {
   std::vector<GraphCurve> curves;
 };
 
+// The curve of EquationList's row `row` before it is drawn: its row, kind, colour and equation.
+GraphCurve CurveOfRow(Session& s, std::size_t row);
+
+// An empty picture for the settings' size and window: its margins and its mapping.
+GraphPicture StartPicture(const GraphParms& parms);
+
 // Draws the classified equations of the work item under the settings: grid, rulers, curves.
 // Colours and kinds come from columns 3 and 4 of EquationList (see ClassifyGraphs).
 GraphPicture DrawGraphs(Session& s, const GraphParms& parms,

@@ -35,7 +35,18 @@ std::string CommentBehind(const std::vector<std::string>& entries, std::size_t i
   return {};
 }
 
-bool IsSubTopic(const std::string& line) { return line.compare(0, 8, kSubTopicIndent) == 0; }
+constexpr std::size_t kIndentLength = std::char_traits<char>::length(kSubTopicIndent);
+
+bool IsSubTopic(const std::string& line) {
+  return line.compare(0, kIndentLength, kSubTopicIndent) == 0;
+}
+
+// A subtopic's line made a topic's; false when it was one already.
+bool Unindent(std::string& line) {
+  if (!IsSubTopic(line)) return false;
+  line.erase(0, kIndentLength);
+  return true;
+}
 
 // Swaps element i with its neighbour in `direction`; false at either end.
 template <typename T>
@@ -167,7 +178,7 @@ void ListEditor::SetEqnComment(const std::string& comment) {
 
 bool ListEditor::TopicCopy() {
   if (topic_ < 0) return false;
-  topic_clip_ = {true, topics_[static_cast<std::size_t>(topic_)], boxes_[CurrentBox()]};
+  topic_clip_ = TopicClip{topics_[static_cast<std::size_t>(topic_)], boxes_[CurrentBox()]};
   return true;
 }
 
@@ -176,25 +187,21 @@ bool ListEditor::TopicCut() {
   const auto at = static_cast<std::size_t>(topic_);
   topics_.erase(topics_.begin() + static_cast<std::ptrdiff_t>(at));
   boxes_.erase(boxes_.begin() + static_cast<std::ptrdiff_t>(at) + 1);
-  // A subtopic left at the top has no topic above it: it becomes a topic.
-  if (!topics_.empty() && IsSubTopic(topics_.front().text)) {
-    topics_.front().text.erase(0, 8);
-  }
+  KeepFirstHeadingATopic();
   SelectTopic(topics_.empty() ? -1 : std::min(topic_, static_cast<int>(topics_.size()) - 1));
   return true;
 }
 
 bool ListEditor::TopicPaste(std::string& refusal) {
-  if (!topic_clip_.has_value) return false;
-  if (EntryCount() + 2 + topic_clip_.eqns.size() * 2 > static_cast<std::size_t>(kListCapacity)) {
+  if (!topic_clip_) return false;
+  if (EntryCount() + 2 + topic_clip_->eqns.size() * 2 > static_cast<std::size_t>(kListCapacity)) {
     refusal = ListFullText();
     return false;
   }
   const auto at = static_cast<std::size_t>(topic_ + 1);
-  EditorItem heading = topic_clip_.heading;
-  if (at == 0 && IsSubTopic(heading.text)) heading.text.erase(0, 8);
-  topics_.insert(topics_.begin() + static_cast<std::ptrdiff_t>(at), heading);
-  boxes_.insert(boxes_.begin() + static_cast<std::ptrdiff_t>(at) + 1, topic_clip_.eqns);
+  topics_.insert(topics_.begin() + static_cast<std::ptrdiff_t>(at), topic_clip_->heading);
+  boxes_.insert(boxes_.begin() + static_cast<std::ptrdiff_t>(at) + 1, topic_clip_->eqns);
+  KeepFirstHeadingATopic();
   SelectTopic(static_cast<int>(at));
   return true;
 }
@@ -226,6 +233,11 @@ bool ListEditor::EqnPaste(std::string& refusal) {
   return true;
 }
 
+void ListEditor::KeepFirstHeadingATopic() {
+  // A subtopic at the top has no topic above it.
+  if (!topics_.empty()) Unindent(topics_.front().text);
+}
+
 bool ListEditor::Demote() {
   if (topic_ <= 0) return false;  // the first heading needs no topic above it
   std::string& text = topics_[static_cast<std::size_t>(topic_)].text;
@@ -236,10 +248,7 @@ bool ListEditor::Demote() {
 
 bool ListEditor::Promote() {
   if (topic_ < 0) return false;
-  std::string& text = topics_[static_cast<std::size_t>(topic_)].text;
-  if (!IsSubTopic(text)) return false;
-  text.erase(0, 8);
-  return true;
+  return Unindent(topics_[static_cast<std::size_t>(topic_)].text);
 }
 
 bool ListEditor::MoveTopic(int direction) {
@@ -248,8 +257,7 @@ bool ListEditor::MoveTopic(int direction) {
   std::swap(boxes_[static_cast<std::size_t>(topic_) + 1],
             boxes_[static_cast<std::size_t>(topic_ + direction) + 1]);
   topic_ += direction;
-  // The first heading is a topic.
-  if (IsSubTopic(topics_.front().text)) topics_.front().text.erase(0, 8);
+  KeepFirstHeadingATopic();
   return true;
 }
 
@@ -271,7 +279,7 @@ std::vector<std::string> ListEditor::CreateNewInputList() const {
   write_box(boxes_[0]);
   for (std::size_t k = 0; k < topics_.size(); ++k) {
     const std::string& line = topics_[k].text;
-    out.push_back(IsSubTopic(line) ? std::string(kSubTopKey) + line.substr(8)
+    out.push_back(IsSubTopic(line) ? std::string(kSubTopKey) + line.substr(kIndentLength)
                                    : std::string(kTopicKey) + line);
     out.push_back(std::string(kCommentKey) + GetStuff(topics_[k].comment));
     write_box(boxes_[k + 1]);

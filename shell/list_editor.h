@@ -2,6 +2,7 @@
 // the algebra file rebuilt only when the editor closes, so Cancel costs nothing.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,7 +63,7 @@ class ListEditor {
   void SelectTopic(int index);
   void SelectEqn(int index);
   bool NoEqnSelected() const { return eqn_ < 0; }
-  bool HasTopicClip() const { return topic_clip_.has_value; }
+  bool HasTopicClip() const { return topic_clip_.has_value(); }
   bool HasEqnClip() const { return !eqn_clip_.empty(); }
   std::string CommentOfSelectedTopic() const;
   std::string CommentOfSelectedEqn() const;
@@ -101,6 +102,7 @@ class ListEditor {
  private:
   std::size_t CurrentBox() const { return topic_ < 0 ? 0 : static_cast<std::size_t>(topic_) + 1; }
   std::size_t EntryCount() const;
+  void KeepFirstHeadingATopic();
 
   Session& s_;
   std::vector<std::string> backup_;
@@ -110,10 +112,10 @@ class ListEditor {
   int topic_ = -1;
   int eqn_ = -1;
   struct TopicClip {
-    bool has_value = false;
     EditorItem heading;
     std::vector<EditorItem> eqns;
-  } topic_clip_;
+  };
+  std::optional<TopicClip> topic_clip_;  // a heading cut or copied, with its equations
   std::vector<EditorItem> eqn_clip_;
 };
 
