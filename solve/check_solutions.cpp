@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "core/brackets.h"
 #include "core/complex_number.h"
@@ -54,24 +55,35 @@ std::string SimplifiedWith(Session& s, const std::string& text, bool to_float) {
   return SimplifyText(s, text);
 }
 
-bool HasRealValue(Session& s, const std::string& text) {
+// The real value of a text; nothing when it has none, a value outside the domain included.
+std::optional<double> RealValueOrNothing(Session& s, const std::string& text) {
   try {
-    return RealValueOf(s, text).has_value();
+    return RealValueOf(s, text);
   } catch (const RunTimeError& e) {
     if (!IsDomainError(e)) throw;
-    return false;
+    return std::nullopt;
   }
 }
 
-// One side with the answer put in for the unknown, and simplified in floating point. An odd root
-// of a negative number, (-8)^(1/3), is real only while its exponent is an exact fraction: when
-// the floating-point form has no real value, the side is simplified exactly first.
+// One side with the answer put in for the unknown, simplified in floating point.
 std::string SubstitutedSide(Session& s, const std::string& side, const std::string& unknown,
                             const std::string& value) {
+  return SimplifiedWith(s, PutValueForLetter(s, side, unknown, value), true);
+}
+
+// The same under real arithmetic, with its value: `side` becomes the simplified form. An odd
+// root of a negative number, (-8)^(1/3), is real only while its exponent is an exact fraction:
+// when the floating-point form has no real value, the side is simplified exactly first.
+std::optional<double> SubstitutedRealSide(Session& s, std::string& side, const std::string& unknown,
+                                          const std::string& value) {
   const std::string text = PutValueForLetter(s, side, unknown, value);
-  const std::string floated = SimplifiedWith(s, text, true);
-  if (s.ComplexForm != 0 || HasRealValue(s, floated)) return floated;
-  return SimplifiedWith(s, SimplifiedWith(s, text, false), true);
+  std::string floated = SimplifiedWith(s, text, true);
+  if (std::optional<double> v = RealValueOrNothing(s, floated)) {
+    side = std::move(floated);
+    return v;
+  }
+  side = SimplifiedWith(s, SimplifiedWith(s, text, false), true);
+  return RealValueOrNothing(s, side);
 }
 
 }  // namespace
@@ -252,11 +264,11 @@ void CheckSolutions(Session& s, const std::string& equation, const std::string& 
     for (int side = 0; side < 2; ++side) {
       sides[side] = side == 0 ? left : right;
       try {
-        sides[side] = SubstitutedSide(s, sides[side], unknown, piece);
         if (complex) {
+          sides[side] = SubstitutedSide(s, sides[side], unknown, piece);
           complex_values[side] = ComplexValueOf(s, sides[side]);
         } else {
-          values[side] = RealValueOf(s, sides[side]);
+          values[side] = SubstitutedRealSide(s, sides[side], unknown, piece);
         }
       } catch (const RunTimeError& e) {
         // A value outside the domain (a zero denominator, a root or logarithm of a negative
