@@ -22,6 +22,17 @@ std::string FormatValue(const Session& s, double value) {
   if (std::fabs(value) < 1e9 && value == std::nearbyint(value)) {
     return std::to_string(static_cast<long long>(value));
   }
+  // A whole number of up to 15 digits keeps them all in the general form, which writes it from
+  // 1E9 on as its digits without trailing zeros and a power of ten (4444400000 is 4.4444E9).
+  if (std::fabs(value) < 1e15 && value == std::nearbyint(value)) {
+    std::string digits = std::to_string(static_cast<long long>(std::fabs(value)));
+    const std::size_t exponent = digits.size() - 1;
+    while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
+    std::string text = value < 0.0 ? "-" : "";
+    text += digits.front();
+    if (digits.size() > 1) text += s.DecimalPoint + digits.substr(1);
+    return text + "E" + std::to_string(exponent);
+  }
   const std::string text = NormaliseNumberText(s, GeneralNumberFormat(value, s.Dp()));
   return text.empty() ? GeneralNumberFormat(value, s.Dp()) : text;
 }

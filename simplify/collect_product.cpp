@@ -94,7 +94,8 @@ double NumberOf(Session& s, const std::string& text) {
 
 // A value cleaned by its round trip through number text.
 double Cleaned(Session& s, double value) {
-  if (std::fabs(value) < 1e9 && value == std::nearbyint(value)) return value;  // already clean
+  // A whole number of up to 15 digits is written with all of them, so it reads back as it is.
+  if (std::fabs(value) < 1e15 && value == std::nearbyint(value)) return value;
   return SnapToInteger(s, FormatValue(s, value));
 }
 

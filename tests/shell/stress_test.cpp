@@ -14,6 +14,7 @@
 #include "present/text_picture.h"
 #include "shell/algebra_file.h"
 #include "shell/buttons.h"
+#include "shell/command_table.h"
 #include "shell/main_flow.h"
 #include "shell/status_bar.h"
 #include "support/session_fixture.h"
@@ -193,6 +194,30 @@ TEST_F(Stress, ADeeplyNestedSumTellsOncePerCommand) {
     std::string error;
     EXPECT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
     EXPECT_LE(CriticalMessages(frontend), 1);
+  }
+}
+
+// Deep items with every button on offer pressed once, all steps at once: each command ends in
+// its result or its message, and the item stays whole. Roots that each carry a factor are the
+// costliest nesting there is (several narrated rewrites per level, each re-reading the enclosing
+// text), so they go 60 deep; functions go 160 deep.
+TEST_F(Stress, EveryButtonOnADeeplyNestedItemLeavesItWhole) {
+  frontend.each_value = "2";
+  for (const std::string& item :
+       {Nested("arcsin(cos(ln(exp(", 40, "x", "))))"), Nested("sqrt(", 80, "x", ")"),
+        Nested("sqrt(", 60, "x", "4)"), Nested("sqrt(", 40, "x", "444444444444)")}) {
+    ASSERT_TRUE(cmdLoadEquation(s, item, false)) << item.substr(0, 40);
+    s.StreamingOutput = true;
+    int pressed = 0;
+    for (const CommandWord& word : CommandWords()) {
+      if (!ButtonOnOffer(s, word.button)) continue;
+      ++pressed;
+      std::string error;
+      PressButton(s, word.button, word.right_button, error);
+      EXPECT_EQ(s.Pool.NodesInUse, ItemNodes()) << word.button << " on " << item.substr(0, 40);
+      EXPECT_FALSE(s.Pool[kLeftRoot].Text.empty()) << word.button;
+    }
+    EXPECT_GE(pressed, 10) << item.substr(0, 40);
   }
 }
 

@@ -1,6 +1,10 @@
 // Tests of the simplify loop and its rules for brackets, signs and sums.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
+#include "core/number_format.h"
+#include "core/number_text.h"
 #include "core/regenerate.h"
 #include "manipulate/reduce_fraction.h"
 #include "simplify/bracket_rules.h"
@@ -110,6 +114,37 @@ TEST_F(Simplify, EndlessRewritingEndsInTheRunTimeError) {
   s.RewriteCount = kRewriteLimit;
   NodeIdx root = Load("x+x");
   EXPECT_THROW(SimplifyTree(s, root, level), RunTimeError);
+}
+
+TEST_F(Simplify, DeepNestingWithLargeNumbersComesToItsEnd) {
+  // sqrt(sqrt(...sqrt(x*a)*a...)*a), 80 deep: each square root halves the power of x and the
+  // coefficient tends to a.
+  const std::string a = "444444444444";
+  std::string text = "x*" + a;
+  for (int k = 0; k < 79; ++k) text = "sqrt(" + text + ")*" + a;
+  text = "sqrt(" + text + ")";
+  s.RewriteCount = 0;
+  const std::string simplified = SimplifyText(s, text);
+  const std::size_t times = simplified.find("*x^");
+  ASSERT_NE(times, std::string::npos) << simplified.substr(0, 80);
+  const double coefficient = ParseNumberText(simplified.substr(0, times), '.').value_or(0.0);
+  const double power = ParseNumberText(simplified.substr(times + 3), '.').value_or(0.0);
+  EXPECT_NEAR(coefficient / 444444444444.0, 1.0, 1e-12) << simplified;
+  EXPECT_NEAR(power / std::ldexp(1.0, -80), 1.0, 1e-12) << simplified;
+}
+
+TEST_F(Simplify, WholeNumbersAreWrittenInTheGeneralForm) {
+  // Whole numbers of up to 15 digits are written without going through the general format, in
+  // exactly its text.
+  for (const std::string point : {".", ","}) {
+    s.DecimalPoint = point;
+    for (const double v : {1e9, 1e9 + 1.0, 4444444444.0, 444444444444.0, 120000000000.0,
+                           999999999999999.0, 123456789012345.0, 100000000000000.0, -7e12,
+                           -98765432100.0, 1e15, 1e16, 2.5e9, 1234.0, -17.0}) {
+      const std::string general = NormaliseNumberText(s, GeneralNumberFormat(v, s.Dp()));
+      EXPECT_EQ(FormatValue(s, v), general.empty() ? GeneralNumberFormat(v, s.Dp()) : general) << v;
+    }
+  }
 }
 
 TEST_F(Simplify, SimplifyTextIsSilentAndKeepsTheMessage) {
