@@ -1,6 +1,7 @@
 // Scanning text for brackets and function calls: matching, closing, stripping.
 #include "core/brackets.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace tavimor {
@@ -42,6 +43,16 @@ int FindCloseBracket(std::string_view text, int position) {
     if (IsClose(c) && --depth == 0) return p;
   }
   return 0;
+}
+
+int BracketNesting(std::string_view text) {
+  int depth = 0;
+  int deepest = 0;
+  for (const char c : text) {
+    if (IsOpen(c)) deepest = std::max(deepest, ++depth);
+    if (IsClose(c)) --depth;
+  }
+  return deepest;
 }
 
 std::string StripBrackets(std::string_view text) {

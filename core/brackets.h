@@ -13,6 +13,8 @@ bool BracketsMatch(std::string_view text);
 // The position (1-based) of the bracket that closes the one at `position`, counting "(" and "["
 // alike as open and ")" and "]" alike as close; 0 if it is never closed.
 int FindCloseBracket(std::string_view text, int position);
+// How deep the brackets nest, "(" and "[" alike: 2 for "sqrt((x+1)*2)".
+int BracketNesting(std::string_view text);
 // Removes pairs of outer brackets while the text starts with one whose closing bracket is the
 // last character.
 std::string StripBrackets(std::string_view text);

@@ -243,16 +243,6 @@ TextBlock TextLayout::Power(NodeIdx n) {
 constexpr int kMostNesting = 24;
 constexpr int kMostRows = 40;
 
-int BracketNesting(const std::string& text) {
-  int depth = 0;
-  int deepest = 0;
-  for (const char c : text) {
-    if (c == '(' || c == '[') deepest = std::max(deepest, ++depth);
-    if (c == ')' || c == ']') --depth;
-  }
-  return deepest;
-}
-
 TextBlock RenderText(Session& s, const std::string& text) {
   if (BracketNesting(text) > kMostNesting) return TextBlock::Line(Utf32(text));
   const int pieces = CountPieces(text, ";");

@@ -233,6 +233,13 @@ TEST(Brackets, FindCloseBracketCountsBothKindsAlike) {
   EXPECT_EQ(FindCloseBracket("((a)", 1), 0);
 }
 
+TEST(Brackets, NestingCountsBothKindsAlike) {
+  EXPECT_EQ(BracketNesting("x+1"), 0);
+  EXPECT_EQ(BracketNesting("sqrt((x+1)*2)"), 2);
+  EXPECT_EQ(BracketNesting("(a)[b]"), 1);
+  EXPECT_EQ(BracketNesting("([(x)])"), 3);
+}
+
 TEST(Brackets, StripBracketsRemovesOnlyEnclosingPairs) {
   EXPECT_EQ(StripBrackets("((x+1))"), "x+1");
   EXPECT_EQ(StripBrackets("(a)(b)"), "(a)(b)");

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "core/brackets.h"
 #include "core/node_pool.h"
 #include "fuzz/long_input.h"
 #include "shell/buttons.h"

@@ -16,17 +16,6 @@ namespace tavimor {
 inline constexpr std::uint8_t kLongInputMark = 1;
 inline constexpr char kLongInputSeparator = '\x02';
 
-// How deep the brackets of a text nest, "(" and "[" alike.
-inline int BracketNesting(const std::string& text) {
-  int depth = 0;
-  int deepest = 0;
-  for (const char c : text) {
-    if (c == '(' || c == '[') deepest = std::max(deepest, ++depth);
-    if (c == ')' || c == ']') --depth;
-  }
-  return deepest;
-}
-
 inline std::string ExpandLongInput(const std::uint8_t* data, std::size_t size) {
   const std::string raw(reinterpret_cast<const char*>(data), size);
   if (size < 3 || data[0] != kLongInputMark) return raw;
