@@ -45,6 +45,14 @@ double PowerRank(double n) {
 // The rank as the head of a sort key, written to a fixed width so that keys compared as text
 // order the ranks as numbers: 47.5 between 47 and 48, and 110 after 99.
 std::string RankKey(double rank) {
+  // A whole rank (the usual case) is written as the format below writes it, without the format.
+  if (rank >= 0.0 && rank < 1e7 && !std::signbit(rank) && rank == std::floor(rank)) {
+    std::string key = "0000000.0000";
+    for (auto whole = static_cast<long>(rank), place = 6L; whole > 0; whole /= 10, --place) {
+      key[static_cast<std::size_t>(place)] = static_cast<char>('0' + whole % 10);
+    }
+    return key;
+  }
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%012.4f", rank);
   return text.data();
