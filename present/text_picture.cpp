@@ -65,8 +65,12 @@ class TextLayout {
  public:
   explicit TextLayout(Session& s) : s_(s) {}
   TextBlock Render(NodeIdx n);
+  // Appends the tree as Render sets it when that is one row; false (with `row` partly written)
+  // when some part of it takes more rows.
+  bool Flat(NodeIdx n, std::u32string& row);
 
  private:
+  bool FlatContent(NodeIdx n, std::u32string& row);
   const ExprNode& N(NodeIdx n) const { return s_.Pool[n]; }
   TextBlock Leaf(NodeIdx n);
   TextBlock Content(NodeIdx n);
@@ -236,6 +240,86 @@ TextBlock TextLayout::Power(NodeIdx n) {
   return out;
 }
 
+bool TextLayout::Flat(NodeIdx n, std::u32string& row) {
+  const ExprNode& node = N(n);
+  if (node.FirstChild == kNoNode) {
+    row += Leaf(n).rows[0];
+    return true;
+  }
+  switch (ShapeOf(s_.Pool, n)) {
+    case Shape::Power: {
+      const NodeIdx e = node.FirstChild;
+      const std::u32string small = (s_.SpecialP || s_.SpecialD) ? U"" : Superscript(e);
+      if (small.empty()) return false;  // the exponent is raised on a row of its own
+      if (!Flat(N(e).Next, row)) return false;
+      row += small;
+      return true;
+    }
+    case Shape::Bracket:
+      row += U'(';
+      if (!FlatContent(n, row)) return false;
+      row += U')';
+      return true;
+    case Shape::SquareRoot: return false;
+    case Shape::Function:
+      row += Utf32(node.Text.substr(0, node.Text.find('(')));
+      row += U'(';
+      if (!FlatContent(n, row)) return false;
+      row += U')';
+      return true;
+    case Shape::HiddenBracket:
+    case Shape::Sum:
+    case Shape::Product:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Broken: break;
+  }
+  return FlatContent(n, row);
+}
+
+bool TextLayout::FlatContent(NodeIdx n, std::u32string& row) {
+  const NodeIdx first = N(n).FirstChild;
+  switch (ContentShapeOf(s_.Pool, n)) {
+    case Shape::Sum:
+      for (NodeIdx c = first; c != kNoNode; c = N(c).Next) {
+        const ExprNode& term = N(c);
+        if (term.Role == kRoleMinus) {
+          row += term.Prev == kNoNode ? U"−" : U" − ";
+        } else if (term.Role == kRoleLeadingPlus) {
+          row += U"+";
+        } else if (term.Prev != kNoNode) {
+          row += U" + ";
+        }
+        if (!Flat(c, row)) return false;
+      }
+      return true;
+    case Shape::Product: {
+      NodeIdx previous = kNoNode;
+      for (NodeIdx c = first; c != kNoNode; c = N(c).Next) {
+        if (N(c).Role == kRoleDenominator) return false;  // a fraction is stacked
+      }
+      for (NodeIdx c = first; c != kNoNode; c = N(c).Next) {
+        if (previous != kNoNode && NeedsTimesSign(s_, previous, c)) row += U"·";
+        if (!Flat(c, row)) return false;
+        previous = c;
+      }
+      if (previous == kNoNode) row += U"1";
+      return true;
+    }
+    case Shape::Power:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Function:
+    case Shape::SquareRoot:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::Broken: break;
+  }
+  return Flat(first, row);
+}
+
 // Mathematics nested deeper than this, or drawn taller than this many rows, is shown on one line
 // as its text: set in two dimensions it would grow with the square of its depth (a root of a root
 // ... 990 deep is 990 rows of 990 columns), and a few hundred steps of it would flood the
@@ -270,7 +354,10 @@ TextBlock RenderText(Session& s, const std::string& text) {
     s.Pool[root].Text = text;
     ParseTree(s, root);
     PrepareForDisplay(s, root);
-    TextBlock block = TextLayout(s).Render(root);
+    TextLayout layout(s);
+    std::u32string row;
+    TextBlock block =
+        layout.Flat(root, row) ? TextBlock::Line(std::move(row)) : layout.Render(root);
     FreeChildren(s, root);
     FreeNode(s, root);
     if (block.Height() > kMostRows) return TextBlock::Line(Utf32(text));
@@ -310,6 +397,19 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
     for (int i = 1; i <= CountPieces(text, ";"); ++i) SetSideAsText(s, GetPiece(text, i, ";"));
     return side;
   }
+  // The most sides kept for one item; a command that shows more starts the list anew.
+  constexpr std::size_t kMostSetSides = 256;
+  if (s.SetSidesOfItem == nullptr) s.SetSidesOfItem = std::make_shared<SetSides>();
+  auto& kept = s.SetSidesOfItem->by_text;
+  if (const auto at = kept.find(text); at != kept.end()) {
+    const SetSides::Entry& entry = at->second;
+    // Replayed only where setting it again would go the same way; a pool too short for it (where
+    // setting it fails) sets it again.
+    if (entry.special_p == s.SpecialP && entry.special_d == s.SpecialD &&
+        entry.decimal_point == s.Dp() && ReplayFootprint(s, entry.setting)) {
+      return entry.side;
+    }
+  }
   const std::vector<NodeIdx> before = FreeListFront(s, kMostNodesSetAhead);
   TextBlock block;
   const bool followed = RunWithFootprint(s, before, side.footprint, [&] {
@@ -318,7 +418,13 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
       s.Pool[root].Text = text;
       ParseTree(s, root);
       PrepareForDisplay(s, root);
-      block = TextLayout(s).Render(root);
+      TextLayout layout(s);
+      std::u32string row;
+      if (layout.Flat(root, row)) {
+        block = TextBlock::Line(std::move(row));
+      } else {
+        block = layout.Render(root);
+      }
     } catch (...) {
       FreeChildren(s, root);
       FreeNode(s, root);
@@ -328,6 +434,7 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
     FreeNode(s, root);
   });
   if (!followed) return side;
+  const PoolFootprint setting = side.footprint;
   // As RenderText sets it: too deep is shown as its text without a tree, too tall after one.
   if (BracketNesting(text) > kMostNesting) {
     side.footprint = PoolFootprint{};
@@ -337,6 +444,8 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
   }
   side.block = std::move(block);
   side.set = true;
+  if (kept.size() >= kMostSetSides) kept.clear();
+  kept.insert_or_assign(text, SetSides::Entry{side, setting, s.SpecialP, s.SpecialD, s.Dp()});
   return side;
 }
 
@@ -388,6 +497,7 @@ std::vector<std::string> TextBlock::Utf8Rows() const {
 
 std::u32string Utf32(const std::string& utf8) {
   std::u32string out;
+  out.reserve(utf8.size());
   for (std::size_t i = 0; i < utf8.size();) {
     const auto c = static_cast<unsigned char>(utf8[i]);
     int extra = 0;
@@ -413,6 +523,9 @@ std::u32string Utf32(const std::string& utf8) {
 
 std::string Utf8(const std::u32string& text) {
   std::string out;
+  std::size_t bytes = 0;
+  for (const char32_t c : text) bytes += c < 0x80 ? 1 : (c < 0x800 ? 2 : (c < 0x10000 ? 3 : 4));
+  out.reserve(bytes);
   for (const char32_t c : text) {
     if (c < 0x80) {
       out += static_cast<char>(c);
@@ -456,29 +569,88 @@ TextBlock TextPicture(Session& s, const Picture& picture) {
                           std::move(right_block)});
 }
 
+namespace {
+
+bool IsAscii(const std::string& text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// A text run as the row of a one-line block writes it: as it stands when it is ASCII, else
+// through its code points (which mends what is not UTF-8 as every row does).
+void AppendRunText(std::string& row, const std::string& text) {
+  if (IsAscii(text)) {
+    row += text;
+  } else {
+    row += Utf8(Utf32(text));
+  }
+}
+
+}  // namespace
+
 std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
   std::vector<std::string> lines;
-  std::vector<TextBlock> line;
+  // The runs of the line so far, and the pictures among them set as blocks.
+  std::vector<const RichRun*> runs;
+  std::vector<TextBlock> pictures;
+  bool one_row = true;
   auto flush = [&]() {
-    if (line.empty()) {
+    if (runs.empty()) {
       lines.emplace_back();
       return;
     }
-    for (std::string row : TextBlock::Join(line).Utf8Rows()) {
+    if (one_row) {
+      // Every block of the line is one row (or none): joined, they are that row after row.
+      std::string row;
+      std::size_t picture = 0;
+      for (const RichRun* run : runs) {
+        switch (run->kind) {
+          case RunKind::Text: AppendRunText(row, run->text); break;
+          case RunKind::Tab: row += "    "; break;
+          case RunKind::Picture: {
+            const TextBlock& block = pictures[picture++];
+            if (block.Height() == 1) row += Utf8(block.rows[0]);
+            break;
+          }
+          case RunKind::LineEnd: break;
+        }
+      }
       while (!row.empty() && row.back() == ' ') row.pop_back();
-      lines.push_back(row);
+      lines.push_back(std::move(row));
+    } else {
+      std::vector<TextBlock> line;
+      line.reserve(runs.size());
+      std::size_t picture = 0;
+      for (const RichRun* run : runs) {
+        switch (run->kind) {
+          case RunKind::Text: line.push_back(TextBlock::Line(Utf32(run->text))); break;
+          case RunKind::Tab: line.push_back(TextBlock::Line(U"    ")); break;
+          case RunKind::Picture: line.push_back(std::move(pictures[picture++])); break;
+          case RunKind::LineEnd: break;
+        }
+      }
+      for (std::string row : TextBlock::Join(line).Utf8Rows()) {
+        while (!row.empty() && row.back() == ' ') row.pop_back();
+        lines.push_back(std::move(row));
+      }
     }
-    line.clear();
+    runs.clear();
+    pictures.clear();
+    one_row = true;
   };
   for (const RichRun& run : text) {
     switch (run.kind) {
-      case RunKind::Text: line.push_back(TextBlock::Line(Utf32(run.text))); break;
-      case RunKind::Tab: line.push_back(TextBlock::Line(U"    ")); break;
-      case RunKind::Picture: line.push_back(TextPicture(s, run.picture)); break;
+      case RunKind::Text:
+      case RunKind::Tab: runs.push_back(&run); break;
+      case RunKind::Picture:
+        runs.push_back(&run);
+        pictures.push_back(TextPicture(s, run.picture));
+        if (pictures.back().Height() > 1 || pictures.back().baseline != 0) one_row = false;
+        break;
       case RunKind::LineEnd: flush(); break;
     }
   }
-  if (!line.empty()) flush();
+  if (!runs.empty()) flush();
   return lines;
 }
 
