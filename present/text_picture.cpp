@@ -243,7 +243,18 @@ TextBlock TextLayout::Power(NodeIdx n) {
 bool TextLayout::Flat(NodeIdx n, std::u32string& row) {
   const ExprNode& node = N(n);
   if (node.FirstChild == kNoNode) {
-    row += Leaf(n).rows[0];
+    // As Leaf sets it.
+    const std::string& text = node.Text;
+    if (node.Kind == kKindNumber && !text.empty() && text[0] == '-') {
+      row += U'\u2212';
+      AppendUtf32(row, std::string_view(text).substr(1));
+    } else if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) {
+      row += U'\u03C0';
+    } else if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) {
+      row += U'\u00B0';
+    } else {
+      AppendUtf32(row, text);
+    }
     return true;
   }
   switch (ShapeOf(s_.Pool, n)) {
@@ -498,6 +509,11 @@ std::vector<std::string> TextBlock::Utf8Rows() const {
 std::u32string Utf32(const std::string& utf8) {
   std::u32string out;
   out.reserve(utf8.size());
+  AppendUtf32(out, utf8);
+  return out;
+}
+
+void AppendUtf32(std::u32string& out, std::string_view utf8) {
   for (std::size_t i = 0; i < utf8.size();) {
     const auto c = static_cast<unsigned char>(utf8[i]);
     int extra = 0;
@@ -518,7 +534,6 @@ std::u32string Utf32(const std::string& utf8) {
     }
     out += code;
   }
-  return out;
 }
 
 std::string Utf8(const std::u32string& text) {

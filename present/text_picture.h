@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -26,6 +27,7 @@ struct TextBlock {
 };
 
 std::u32string Utf32(const std::string& utf8);
+void AppendUtf32(std::u32string& out, std::string_view utf8);
 std::string Utf8(const std::u32string& text);
 
 // One side of a picture set as text when it was drawn, with what setting it did to the pool.
