@@ -3,6 +3,7 @@
 #include "present/text_picture.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 #include "core/brackets.h"
@@ -389,14 +390,52 @@ TextBlock RenderText(Session& s, const std::string& text) {
 constexpr int kMostNodesSetAhead = 48;
 
 // A side set ahead, or set now: setting it now would leave the pool as the footprint does.
-TextBlock SideBlock(Session& s, const std::string& text, const TextSides* sides,
-                    const TextSide* side) {
+// The block is the side's own, or one set now into `storage`.
+const TextBlock& SideBlock(Session& s, const std::string& text, const TextSides* sides,
+                           const TextSide* side, TextBlock& storage) {
   if (side != nullptr && side->set && sides->special_p == s.SpecialP &&
       sides->special_d == s.SpecialD && sides->decimal_point == s.Dp() &&
       ReplayFootprint(s, side->footprint)) {
     return side->block;
   }
-  return RenderText(s, text);
+  storage = RenderText(s, text);
+  return storage;
+}
+
+// A picture of mathematics as its parts before they are joined: the left side, and for a
+// relation its sign and the right side. A sketch is set whole as the left side.
+struct PictureParts {
+  const TextBlock* left = nullptr;
+  const TextBlock* right = nullptr;  // null without a relation
+  int relation = kRelationNone;
+};
+
+bool IsOneRow(const TextBlock& block) { return block.Height() <= 1 && block.baseline == 0; }
+
+// The parts of a picture, set as TextPicture sets them; blocks set now are kept in `storage`.
+PictureParts PartsOf(Session& s, const Picture& picture, std::deque<TextBlock>& storage) {
+  PictureParts parts;
+  if (!picture.sketch.empty()) {
+    storage.push_back(TextPicture(s, picture));
+    parts.left = &storage.back();
+    return parts;
+  }
+  const TextSides* sides = picture.text.get();
+  const TextSide* left = sides != nullptr ? &sides->left : nullptr;
+  storage.emplace_back();
+  parts.left = &SideBlock(s, picture.left, sides, left, storage.back());
+  if (!IsRelationCode(picture.relation)) return parts;
+  const TextSide* right = sides != nullptr ? &sides->right : nullptr;
+  storage.emplace_back();
+  parts.right = &SideBlock(s, picture.right, sides, right, storage.back());
+  parts.relation = picture.relation;
+  return parts;
+}
+
+TextBlock Joined(const PictureParts& parts) {
+  if (parts.right == nullptr) return *parts.left;
+  return TextBlock::Join(
+      {*parts.left, TextBlock::Line(kRelationSigns[parts.relation]), *parts.right});
 }
 
 }  // namespace
@@ -573,15 +612,9 @@ TextBlock TextPicture(Session& s, const Picture& picture) {
     block.baseline = static_cast<int>(block.rows.size()) / 2;
     return block;
   }
-  const TextSides* sides = picture.text.get();
-  const TextSide* left = sides != nullptr ? &sides->left : nullptr;
-  if (!IsRelationCode(picture.relation)) return SideBlock(s, picture.left, sides, left);
-  const TextSide* right = sides != nullptr ? &sides->right : nullptr;
   // Left before right, as they would be set now.
-  TextBlock left_block = SideBlock(s, picture.left, sides, left);
-  TextBlock right_block = SideBlock(s, picture.right, sides, right);
-  return TextBlock::Join({std::move(left_block), TextBlock::Line(kRelationSigns[picture.relation]),
-                          std::move(right_block)});
+  std::deque<TextBlock> storage;
+  return Joined(PartsOf(s, picture, storage));
 }
 
 namespace {
@@ -607,7 +640,8 @@ std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
   std::vector<std::string> lines;
   // The runs of the line so far, and the pictures among them set as blocks.
   std::vector<const RichRun*> runs;
-  std::vector<TextBlock> pictures;
+  std::vector<PictureParts> pictures;
+  std::deque<TextBlock> storage;  // the blocks of the line set now, not kept by a picture
   bool one_row = true;
   auto flush = [&]() {
     if (runs.empty()) {
@@ -623,8 +657,12 @@ std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
           case RunKind::Text: AppendRunText(row, run->text); break;
           case RunKind::Tab: row += "    "; break;
           case RunKind::Picture: {
-            const TextBlock& block = pictures[picture++];
-            if (block.Height() == 1) row += Utf8(block.rows[0]);
+            const PictureParts& parts = pictures[picture++];
+            if (parts.left->Height() == 1) row += Utf8(parts.left->rows[0]);
+            if (parts.right != nullptr) {
+              row += Utf8(kRelationSigns[parts.relation]);
+              if (parts.right->Height() == 1) row += Utf8(parts.right->rows[0]);
+            }
             break;
           }
           case RunKind::LineEnd: break;
@@ -640,7 +678,7 @@ std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
         switch (run->kind) {
           case RunKind::Text: line.push_back(TextBlock::Line(Utf32(run->text))); break;
           case RunKind::Tab: line.push_back(TextBlock::Line(U"    ")); break;
-          case RunKind::Picture: line.push_back(std::move(pictures[picture++])); break;
+          case RunKind::Picture: line.push_back(Joined(pictures[picture++])); break;
           case RunKind::LineEnd: break;
         }
       }
@@ -651,6 +689,7 @@ std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
     }
     runs.clear();
     pictures.clear();
+    storage.clear();
     one_row = true;
   };
   for (const RichRun& run : text) {
@@ -659,8 +698,11 @@ std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
       case RunKind::Tab: runs.push_back(&run); break;
       case RunKind::Picture:
         runs.push_back(&run);
-        pictures.push_back(TextPicture(s, run.picture));
-        if (pictures.back().Height() > 1 || pictures.back().baseline != 0) one_row = false;
+        pictures.push_back(PartsOf(s, run.picture, storage));
+        if (!IsOneRow(*pictures.back().left) ||
+            (pictures.back().right != nullptr && !IsOneRow(*pictures.back().right))) {
+          one_row = false;
+        }
         break;
       case RunKind::LineEnd: flush(); break;
     }
