@@ -66,16 +66,32 @@ std::string ValidUtf8(const std::string& text) {
 }
 
 std::string PrintableText(const std::string& text) {
-  // Most lines are plain printable ASCII, and stay as they are.
-  if (std::all_of(text.begin(), text.end(), [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return (byte >= 0x20 && byte < 0x7F) || c == '\n' || c == '\t';
-      })) {
-    return text;
+  // Most lines are printable UTF-8 (plain ASCII, or mathematics with its signs), and stay as
+  // they are.
+  {
+    bool printable = true;
+    for (std::size_t at = 0; at < text.size() && printable;) {
+      const auto byte = static_cast<unsigned char>(text[at]);
+      if ((byte >= 0x20 && byte < 0x7F) || byte == '\n' || byte == '\t') {
+        ++at;
+        continue;
+      }
+      char32_t code = 0;
+      const std::size_t length = Utf8Length(text, at, code);
+      printable = length != 0 && code >= 0xA0;
+      at += length;
+    }
+    if (printable) return text;
   }
   std::string out;
   out.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    if ((byte >= 0x20 && byte < 0x7F) || byte == '\n' || byte == '\t') {
+      out += static_cast<char>(byte);  // printable ASCII as it is, without decoding
+      ++at;
+      continue;
+    }
     char32_t code = 0;
     const std::size_t length = Utf8Length(text, at, code);
     if (length == 0) {
@@ -149,9 +165,8 @@ void TerminalFrontend::AppendToWorkSpace(const RichRun& run) {
 
 void TerminalFrontend::Flush() {
   if (!live_ || pending_line_.empty()) return;
-  RichText line = pending_line_;
-  line.push_back(RichRun{RunKind::LineEnd, "", {}, {}});
-  PrintLines(line);
+  pending_line_.push_back(RichRun{RunKind::LineEnd, "", {}, {}});
+  PrintLines(pending_line_);
   pending_line_.clear();
 }
 

@@ -81,9 +81,11 @@ int FunctionNameAt(const Session& s, std::string_view text, int position) {
   int found = 0;
   if (position < 1) return 0;
   const auto start = static_cast<std::size_t>(position - 1);
+  if (start >= text.size()) return 0;
+  const char first = text[start];
   for (int i = 1; i <= kFunctionCount; ++i) {
     const std::string& name = s.FunctionNames[static_cast<std::size_t>(i)];
-    if (!name.empty() && start < text.size() && text.substr(start, name.size()) == name) {
+    if (!name.empty() && name[0] == first && text.substr(start, name.size()) == name) {
       found = i;
     }
   }

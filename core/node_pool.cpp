@@ -149,12 +149,13 @@ void AppendChild(Session& s, NodeIdx parent, NodeIdx child) {
 }
 
 std::vector<NodeIdx> FreeListFront(const Session& s, int count) {
-  std::vector<NodeIdx> front;
-  front.reserve(static_cast<std::size_t>(count));
-  for (NodeIdx n = s.Pool[kFreeListHead].Next;
-       n != kNoNode && static_cast<int>(front.size()) < count; n = s.Pool[n].Next) {
-    front.push_back(n);
+  std::vector<NodeIdx> front(static_cast<std::size_t>(std::max(count, 0)));
+  std::size_t size = 0;
+  for (NodeIdx n = s.Pool[kFreeListHead].Next; n != kNoNode && size < front.size();
+       n = s.Pool[n].Next) {
+    front[size++] = n;
   }
+  front.resize(size);
   return front;
 }
 
@@ -162,13 +163,15 @@ bool RecordFootprint(const Session& s, const std::vector<NodeIdx>& before, std::
                      PoolFootprint& footprint) {
   if (taken < 0 || static_cast<std::size_t>(taken) > before.size()) return false;
   footprint.taken = taken;
-  footprint.order.clear();
+  footprint.order.resize(static_cast<std::size_t>(taken));
+  const NodeIdx* const first = before.data();
+  const NodeIdx* const last = first + taken;
   NodeIdx n = s.Pool[kFreeListHead].Next;
-  for (int i = 0; i < taken; ++i, n = s.Pool[n].Next) {
+  for (std::size_t i = 0; i < footprint.order.size(); ++i, n = s.Pool[n].Next) {
     if (n == kNoNode) return false;
-    const auto place = std::find(before.begin(), before.begin() + taken, n);
-    if (place == before.begin() + taken) return false;
-    footprint.order.push_back(static_cast<std::int16_t>(place - before.begin()));
+    const NodeIdx* const place = std::find(first, last, n);
+    if (place == last) return false;
+    footprint.order[i] = static_cast<std::int16_t>(place - first);
   }
   return true;
 }

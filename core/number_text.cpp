@@ -1,6 +1,7 @@
 // Numbers as text: the recogniser, the exact/floating test, and the forms results are written in.
 #include "core/number_text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -134,6 +135,11 @@ void NormaliseNumbers(Session& s, NodeIdx n) {
 }
 
 std::string NormaliseNumberText(const Session& s, std::string_view text) {
+  // A whole number below 1E9 written without a sign or a leading zero is its own normal form.
+  if (!text.empty() && text.size() <= 9 && (text[0] != '0' || text.size() == 1) &&
+      std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+    return std::string(text);
+  }
   return NormaliseForm(s, text, false);
 }
 

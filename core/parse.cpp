@@ -2,6 +2,9 @@
 #include "core/parse.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/brackets.h"
@@ -57,7 +60,26 @@ int CloseOrFail(std::string_view text, int p) {
   return close;
 }
 
-void SumPass(const Session& s, std::string_view t, Entries& entries) {
+// Where the terms or factors of one level lie in its text (1-based, inclusive), found before any
+// of them is copied; at most 50, like the entries they become.
+class Spans {
+ public:
+  void Add(int from, int to) {
+    if (count_ >= kParseEntryLimit) {
+      throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+    }
+    spans_[static_cast<std::size_t>(count_++)] = {from, to};
+  }
+  int Count() const { return count_; }
+  int From(int i) const { return spans_[static_cast<std::size_t>(i - 1)].first; }  // 1-based
+  int To(int i) const { return spans_[static_cast<std::size_t>(i - 1)].second; }
+
+ private:
+  std::array<std::pair<int, int>, kParseEntryLimit> spans_{};
+  int count_ = 0;
+};
+
+void SumPass(const Session& s, std::string_view t, Spans& spans) {
   const int n = static_cast<int>(t.size());
   int p = 0;
   int start = 1;
@@ -70,21 +92,37 @@ void SumPass(const Session& s, std::string_view t, Entries& entries) {
       if (const int end = NumberEnd(s, t, p); end != 0) p = end;  // keeps "1E-5" whole
     }
     if (((c == '+' || c == '-') && p >= 2) || p == n + 1) {
-      std::string term = Mid(t, start, p - 1);
-      if (entries.Count() == 0) {
-        if (!term.empty() && term[0] == '+') {
-          term[0] = '1';
-        } else if (term.empty() || term[0] != '-') {
-          term.insert(0, "+");
-        }
-      }
-      entries.Add(std::move(term));
+      spans.Add(start, p - 1);
       start = p;
     }
   } while (p <= n);
 }
 
-void FactorPass(const Session& s, std::string_view t, Entries& entries) {
+// The terms as children, each with its sign as its role; the first term's sign is "1" for a
+// written "+" and "+" when none is written.
+void MakeTerms(Session& s, NodeIdx n, std::string_view t, const Spans& spans) {
+  for (int i = 1; i <= spans.Count(); ++i) {
+    std::string_view term;
+    if (spans.To(i) >= spans.From(i) && spans.From(i) <= static_cast<int>(t.size())) {
+      term = t.substr(static_cast<std::size_t>(spans.From(i) - 1),
+                      static_cast<std::size_t>(spans.To(i) - spans.From(i) + 1));
+    }
+    char role = kRolePlus;
+    if (!term.empty() && (term[0] == '+' || term[0] == '-')) {
+      role = (i == 1 && term[0] == '+') ? kRoleLeadingPlus : term[0];
+      term.remove_prefix(1);
+    } else if (i > 1) {
+      role = term.empty() ? '\0' : term[0];
+      if (!term.empty()) term.remove_prefix(1);
+    }
+    const NodeIdx child = NewNode(s);
+    AppendChild(s, n, child);
+    s.Pool[child].Role = role;
+    s.Pool[child].Text.assign(term);
+  }
+}
+
+void FactorPass(const Session& s, std::string_view t, Spans& spans) {
   const int n = static_cast<int>(t.size());
   int p = 0;
   int start = 1;
@@ -99,7 +137,15 @@ void FactorPass(const Session& s, std::string_view t, Entries& entries) {
       p = function_end;
     }
     if (c == '/' || c == '*') continue;  // the sign belongs to the factor that follows
-    std::string factor = Mid(t, start, p);
+    spans.Add(start, p);
+    start = p + 1;
+  } while (p < n);
+}
+
+// The factors as entries, each with its role ("N" or "D") as the first character.
+void FactorEntries(std::string_view t, const Spans& spans, Entries& entries) {
+  for (int i = 1; i <= spans.Count(); ++i) {
+    std::string factor = Mid(t, spans.From(i), spans.To(i));
     if (!factor.empty() && factor[0] == '*') {
       factor[0] = 'N';
     } else if (!factor.empty() && factor[0] == '/') {
@@ -108,8 +154,7 @@ void FactorPass(const Session& s, std::string_view t, Entries& entries) {
       factor.insert(0, "N");
     }
     entries.Add(std::move(factor));
-    start = p + 1;
-  } while (p < n);
+  }
 }
 
 // "-2^2": the sign must not fall under the power.
@@ -212,19 +257,23 @@ void ParseOne(Session& s, NodeIdx n) {
     return;
   }
   for (;;) {
-    Entries terms;
+    Spans terms;
     SumPass(s, t, terms);
     if (terms.Count() > 1) {
-      MakeChildren(s, n, terms);
+      MakeTerms(s, n, t, terms);
       return;
     }
-    Entries factors;
-    FactorPass(s, t, factors);
-    SplitSignBeforePower(factors);
-    MergePowers(factors);
-    if (factors.Count() > 1) {
-      MakeChildren(s, n, factors);
-      return;
+    Spans factor_spans;
+    FactorPass(s, t, factor_spans);
+    if (factor_spans.Count() > 1) {
+      Entries factors;
+      FactorEntries(t, factor_spans, factors);
+      SplitSignBeforePower(factors);
+      MergePowers(factors);
+      if (factors.Count() > 1) {
+        MakeChildren(s, n, factors);
+        return;
+      }
     }
     // One factor in brackets: the node becomes the bracket, and its content is parsed below it.
     if (!t.empty() && (t[0] == '(' || t[0] == '[') &&

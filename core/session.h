@@ -21,6 +21,7 @@ inline constexpr const char* kFactoryGraphParms =
     "8421376;8388608;32768;0";
 
 struct SysEqState;
+struct SetSides;
 
 // One row of the equations of the work item: left side, right side, two columns of graph data.
 using EquationRow = std::array<std::string, 4>;
@@ -123,6 +124,10 @@ struct CommandState {
   // options they were worked out under: the rule asks the same of every fraction at each pass of
   // the simplify loop.
   std::unordered_map<std::string, std::string> FactoredSums;
+  // The sides the typesetter set as text for a front end that paints no drawings
+  // (present/text_picture.h), by their text, for the item loaded: a step shows the same
+  // mathematics more than once (the sum it names, then its terms; the result, then the next step).
+  std::shared_ptr<SetSides> SetSidesOfItem;
 };
 
 // The open algebra list: a typed problem is remembered here as "Eqn:" and "Comment:" entries.

@@ -3,6 +3,7 @@
 #include "present/text_picture.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 #include "core/brackets.h"
@@ -65,8 +66,12 @@ class TextLayout {
  public:
   explicit TextLayout(Session& s) : s_(s) {}
   TextBlock Render(NodeIdx n);
+  // Appends the tree as Render sets it when that is one row; false (with `row` partly written)
+  // when some part of it takes more rows.
+  bool Flat(NodeIdx n, std::u32string& row);
 
  private:
+  bool FlatContent(NodeIdx n, std::u32string& row);
   const ExprNode& N(NodeIdx n) const { return s_.Pool[n]; }
   TextBlock Leaf(NodeIdx n);
   TextBlock Content(NodeIdx n);
@@ -236,6 +241,97 @@ TextBlock TextLayout::Power(NodeIdx n) {
   return out;
 }
 
+bool TextLayout::Flat(NodeIdx n, std::u32string& row) {
+  const ExprNode& node = N(n);
+  if (node.FirstChild == kNoNode) {
+    // As Leaf sets it.
+    const std::string& text = node.Text;
+    if (node.Kind == kKindNumber && !text.empty() && text[0] == '-') {
+      row += U'\u2212';
+      AppendUtf32(row, std::string_view(text).substr(1));
+    } else if (node.Kind == kKindVariable && text == "p" && s_.SpecialP) {
+      row += U'\u03C0';
+    } else if (node.Kind == kKindVariable && text == "d" && s_.SpecialD) {
+      row += U'\u00B0';
+    } else {
+      AppendUtf32(row, text);
+    }
+    return true;
+  }
+  switch (ShapeOf(s_.Pool, n)) {
+    case Shape::Power: {
+      const NodeIdx e = node.FirstChild;
+      const std::u32string small = (s_.SpecialP || s_.SpecialD) ? U"" : Superscript(e);
+      if (small.empty()) return false;  // the exponent is raised on a row of its own
+      if (!Flat(N(e).Next, row)) return false;
+      row += small;
+      return true;
+    }
+    case Shape::Bracket:
+      row += U'(';
+      if (!FlatContent(n, row)) return false;
+      row += U')';
+      return true;
+    case Shape::SquareRoot: return false;
+    case Shape::Function:
+      row += Utf32(node.Text.substr(0, node.Text.find('(')));
+      row += U'(';
+      if (!FlatContent(n, row)) return false;
+      row += U')';
+      return true;
+    case Shape::HiddenBracket:
+    case Shape::Sum:
+    case Shape::Product:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Broken: break;
+  }
+  return FlatContent(n, row);
+}
+
+bool TextLayout::FlatContent(NodeIdx n, std::u32string& row) {
+  const NodeIdx first = N(n).FirstChild;
+  switch (ContentShapeOf(s_.Pool, n)) {
+    case Shape::Sum:
+      for (NodeIdx c = first; c != kNoNode; c = N(c).Next) {
+        const ExprNode& term = N(c);
+        if (term.Role == kRoleMinus) {
+          row += term.Prev == kNoNode ? U"−" : U" − ";
+        } else if (term.Role == kRoleLeadingPlus) {
+          row += U"+";
+        } else if (term.Prev != kNoNode) {
+          row += U" + ";
+        }
+        if (!Flat(c, row)) return false;
+      }
+      return true;
+    case Shape::Product: {
+      NodeIdx previous = kNoNode;
+      for (NodeIdx c = first; c != kNoNode; c = N(c).Next) {
+        if (N(c).Role == kRoleDenominator) return false;  // a fraction is stacked
+      }
+      for (NodeIdx c = first; c != kNoNode; c = N(c).Next) {
+        if (previous != kNoNode && NeedsTimesSign(s_, previous, c)) row += U"·";
+        if (!Flat(c, row)) return false;
+        previous = c;
+      }
+      if (previous == kNoNode) row += U"1";
+      return true;
+    }
+    case Shape::Power:
+    case Shape::OneChild:
+    case Shape::Number:
+    case Shape::Letter:
+    case Shape::Function:
+    case Shape::SquareRoot:
+    case Shape::Bracket:
+    case Shape::HiddenBracket:
+    case Shape::Broken: break;
+  }
+  return Flat(first, row);
+}
+
 // Mathematics nested deeper than this, or drawn taller than this many rows, is shown on one line
 // as its text: set in two dimensions it would grow with the square of its depth (a root of a root
 // ... 990 deep is 990 rows of 990 columns), and a few hundred steps of it would flood the
@@ -260,7 +356,10 @@ TextBlock RenderText(Session& s, const std::string& text) {
     s.Pool[root].Text = text;
     ParseTree(s, root);
     PrepareForDisplay(s, root);
-    TextBlock block = TextLayout(s).Render(root);
+    TextLayout layout(s);
+    std::u32string row;
+    TextBlock block =
+        layout.Flat(root, row) ? TextBlock::Line(std::move(row)) : layout.Render(root);
     FreeChildren(s, root);
     FreeNode(s, root);
     if (block.Height() > kMostRows) return TextBlock::Line(Utf32(text));
@@ -281,14 +380,52 @@ TextBlock RenderText(Session& s, const std::string& text) {
 constexpr int kMostNodesSetAhead = 48;
 
 // A side set ahead, or set now: setting it now would leave the pool as the footprint does.
-TextBlock SideBlock(Session& s, const std::string& text, const TextSides* sides,
-                    const TextSide* side) {
+// The block is the side's own, or one set now into `storage`.
+const TextBlock& SideBlock(Session& s, const std::string& text, const TextSides* sides,
+                           const TextSide* side, TextBlock& storage) {
   if (side != nullptr && side->set && sides->special_p == s.SpecialP &&
       sides->special_d == s.SpecialD && sides->decimal_point == s.Dp() &&
       ReplayFootprint(s, side->footprint)) {
     return side->block;
   }
-  return RenderText(s, text);
+  storage = RenderText(s, text);
+  return storage;
+}
+
+// A picture of mathematics as its parts before they are joined: the left side, and for a
+// relation its sign and the right side. A sketch is set whole as the left side.
+struct PictureParts {
+  const TextBlock* left = nullptr;
+  const TextBlock* right = nullptr;  // null without a relation
+  int relation = kRelationNone;
+};
+
+bool IsOneRow(const TextBlock& block) { return block.Height() <= 1 && block.baseline == 0; }
+
+// The parts of a picture, set as TextPicture sets them; blocks set now are kept in `storage`.
+PictureParts PartsOf(Session& s, const Picture& picture, std::deque<TextBlock>& storage) {
+  PictureParts parts;
+  if (!picture.sketch.empty()) {
+    storage.push_back(TextPicture(s, picture));
+    parts.left = &storage.back();
+    return parts;
+  }
+  const TextSides* sides = picture.text.get();
+  const TextSide* left = sides != nullptr ? &sides->left : nullptr;
+  storage.emplace_back();
+  parts.left = &SideBlock(s, picture.left, sides, left, storage.back());
+  if (!IsRelationCode(picture.relation)) return parts;
+  const TextSide* right = sides != nullptr ? &sides->right : nullptr;
+  storage.emplace_back();
+  parts.right = &SideBlock(s, picture.right, sides, right, storage.back());
+  parts.relation = picture.relation;
+  return parts;
+}
+
+TextBlock Joined(const PictureParts& parts) {
+  if (parts.right == nullptr) return *parts.left;
+  return TextBlock::Join(
+      {*parts.left, TextBlock::Line(kRelationSigns[parts.relation]), *parts.right});
 }
 
 }  // namespace
@@ -300,6 +437,19 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
     for (int i = 1; i <= CountPieces(text, ";"); ++i) SetSideAsText(s, GetPiece(text, i, ";"));
     return side;
   }
+  // The most sides kept for one item; a command that shows more starts the list anew.
+  constexpr std::size_t kMostSetSides = 256;
+  if (s.SetSidesOfItem == nullptr) s.SetSidesOfItem = std::make_shared<SetSides>();
+  auto& kept = s.SetSidesOfItem->by_text;
+  if (const auto at = kept.find(text); at != kept.end()) {
+    const SetSides::Entry& entry = at->second;
+    // Replayed only where setting it again would go the same way; a pool too short for it (where
+    // setting it fails) sets it again.
+    if (entry.special_p == s.SpecialP && entry.special_d == s.SpecialD &&
+        entry.decimal_point == s.Dp() && ReplayFootprint(s, entry.setting)) {
+      return entry.side;
+    }
+  }
   const std::vector<NodeIdx> before = FreeListFront(s, kMostNodesSetAhead);
   TextBlock block;
   const bool followed = RunWithFootprint(s, before, side.footprint, [&] {
@@ -308,7 +458,13 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
       s.Pool[root].Text = text;
       ParseTree(s, root);
       PrepareForDisplay(s, root);
-      block = TextLayout(s).Render(root);
+      TextLayout layout(s);
+      std::u32string row;
+      if (layout.Flat(root, row)) {
+        block = TextBlock::Line(std::move(row));
+      } else {
+        block = layout.Render(root);
+      }
     } catch (...) {
       FreeChildren(s, root);
       FreeNode(s, root);
@@ -318,6 +474,7 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
     FreeNode(s, root);
   });
   if (!followed) return side;
+  const PoolFootprint setting = side.footprint;
   // As RenderText sets it: too deep is shown as its text without a tree, too tall after one.
   if (BracketNesting(text) > kMostNesting) {
     side.footprint = PoolFootprint{};
@@ -327,6 +484,8 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
   }
   side.block = std::move(block);
   side.set = true;
+  if (kept.size() >= kMostSetSides) kept.clear();
+  kept.insert_or_assign(text, SetSides::Entry{side, setting, s.SpecialP, s.SpecialD, s.Dp()});
   return side;
 }
 
@@ -378,6 +537,12 @@ std::vector<std::string> TextBlock::Utf8Rows() const {
 
 std::u32string Utf32(const std::string& utf8) {
   std::u32string out;
+  out.reserve(utf8.size());
+  AppendUtf32(out, utf8);
+  return out;
+}
+
+void AppendUtf32(std::u32string& out, std::string_view utf8) {
   for (std::size_t i = 0; i < utf8.size();) {
     const auto c = static_cast<unsigned char>(utf8[i]);
     int extra = 0;
@@ -398,11 +563,13 @@ std::u32string Utf32(const std::string& utf8) {
     }
     out += code;
   }
-  return out;
 }
 
 std::string Utf8(const std::u32string& text) {
   std::string out;
+  std::size_t bytes = 0;
+  for (const char32_t c : text) bytes += c < 0x80 ? 1 : (c < 0x800 ? 2 : (c < 0x10000 ? 3 : 4));
+  out.reserve(bytes);
   for (const char32_t c : text) {
     if (c < 0x80) {
       out += static_cast<char>(c);
@@ -435,40 +602,102 @@ TextBlock TextPicture(Session& s, const Picture& picture) {
     block.baseline = static_cast<int>(block.rows.size()) / 2;
     return block;
   }
-  const TextSides* sides = picture.text.get();
-  const TextSide* left = sides != nullptr ? &sides->left : nullptr;
-  if (!IsRelationCode(picture.relation)) return SideBlock(s, picture.left, sides, left);
-  const TextSide* right = sides != nullptr ? &sides->right : nullptr;
   // Left before right, as they would be set now.
-  TextBlock left_block = SideBlock(s, picture.left, sides, left);
-  TextBlock right_block = SideBlock(s, picture.right, sides, right);
-  return TextBlock::Join({std::move(left_block), TextBlock::Line(kRelationSigns[picture.relation]),
-                          std::move(right_block)});
+  std::deque<TextBlock> storage;
+  return Joined(PartsOf(s, picture, storage));
 }
+
+namespace {
+
+bool IsAscii(const std::string& text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// A text run as the row of a one-line block writes it: as it stands when it is ASCII, else
+// through its code points (which mends what is not UTF-8 as every row does).
+void AppendRunText(std::string& row, const std::string& text) {
+  if (IsAscii(text)) {
+    row += text;
+  } else {
+    row += Utf8(Utf32(text));
+  }
+}
+
+}  // namespace
 
 std::vector<std::string> RenderForTerminal(Session& s, const RichText& text) {
   std::vector<std::string> lines;
-  std::vector<TextBlock> line;
+  // The runs of the line so far, and the pictures among them set as blocks.
+  std::vector<const RichRun*> runs;
+  std::vector<PictureParts> pictures;
+  std::deque<TextBlock> storage;  // the blocks of the line set now, not kept by a picture
+  bool one_row = true;
   auto flush = [&]() {
-    if (line.empty()) {
+    if (runs.empty()) {
       lines.emplace_back();
       return;
     }
-    for (std::string row : TextBlock::Join(line).Utf8Rows()) {
+    if (one_row) {
+      // Every block of the line is one row (or none): joined, they are that row after row.
+      std::string row;
+      std::size_t picture = 0;
+      for (const RichRun* run : runs) {
+        switch (run->kind) {
+          case RunKind::Text: AppendRunText(row, run->text); break;
+          case RunKind::Tab: row += "    "; break;
+          case RunKind::Picture: {
+            const PictureParts& parts = pictures[picture++];
+            if (parts.left->Height() == 1) row += Utf8(parts.left->rows[0]);
+            if (parts.right != nullptr) {
+              row += Utf8(kRelationSigns[parts.relation]);
+              if (parts.right->Height() == 1) row += Utf8(parts.right->rows[0]);
+            }
+            break;
+          }
+          case RunKind::LineEnd: break;
+        }
+      }
       while (!row.empty() && row.back() == ' ') row.pop_back();
-      lines.push_back(row);
+      lines.push_back(std::move(row));
+    } else {
+      std::vector<TextBlock> line;
+      line.reserve(runs.size());
+      std::size_t picture = 0;
+      for (const RichRun* run : runs) {
+        switch (run->kind) {
+          case RunKind::Text: line.push_back(TextBlock::Line(Utf32(run->text))); break;
+          case RunKind::Tab: line.push_back(TextBlock::Line(U"    ")); break;
+          case RunKind::Picture: line.push_back(Joined(pictures[picture++])); break;
+          case RunKind::LineEnd: break;
+        }
+      }
+      for (std::string row : TextBlock::Join(line).Utf8Rows()) {
+        while (!row.empty() && row.back() == ' ') row.pop_back();
+        lines.push_back(std::move(row));
+      }
     }
-    line.clear();
+    runs.clear();
+    pictures.clear();
+    storage.clear();
+    one_row = true;
   };
   for (const RichRun& run : text) {
     switch (run.kind) {
-      case RunKind::Text: line.push_back(TextBlock::Line(Utf32(run.text))); break;
-      case RunKind::Tab: line.push_back(TextBlock::Line(U"    ")); break;
-      case RunKind::Picture: line.push_back(TextPicture(s, run.picture)); break;
+      case RunKind::Text:
+      case RunKind::Tab: runs.push_back(&run); break;
+      case RunKind::Picture:
+        runs.push_back(&run);
+        pictures.push_back(PartsOf(s, run.picture, storage));
+        if (!IsOneRow(*pictures.back().left) ||
+            (pictures.back().right != nullptr && !IsOneRow(*pictures.back().right))) {
+          one_row = false;
+        }
+        break;
       case RunKind::LineEnd: flush(); break;
     }
   }
-  if (!line.empty()) flush();
+  if (!runs.empty()) flush();
   return lines;
 }
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "core/node_pool.h"
@@ -25,6 +27,7 @@ struct TextBlock {
 };
 
 std::u32string Utf32(const std::string& utf8);
+void AppendUtf32(std::u32string& out, std::string_view utf8);
 std::string Utf8(const std::u32string& text);
 
 // One side of a picture set as text when it was drawn, with what setting it did to the pool.
@@ -43,10 +46,26 @@ struct TextSides {
   char decimal_point = '.';
 };
 
+// The sides set as text since the item was loaded, with what setting each did to the pool and the
+// options it was set under.
+struct SetSides {
+  struct Entry {
+    TextSide side;
+    PoolFootprint setting;  // what setting it did to the pool then (the side keeps what showing
+                            // it does)
+    bool special_p = false;
+    bool special_d = false;
+    char decimal_point = '.';
+  };
+  std::unordered_map<std::string, Entry> by_text;
+};
+
 // Sets a side as text on a tree of its own, parsed and prepared exactly as the typesetter lays it
 // out, so that it fails (the run-time error) where a drawing fails. A side the setting at the time
 // it is shown would treat otherwise (pieces, a tree larger than the footprint follows) is left
 // unset.
+// A side set before since the item was loaded, under the same options, is not set again: its
+// setting's footprint is replayed instead.
 TextSide SetSideAsText(Session& s, const std::string& text);
 
 // The picture's mathematics as a text block. Text that cannot be parsed is shown as it is.

@@ -11,6 +11,8 @@ ItemShape LoadItemTrees(Session& s, const std::string& input) {
   s.HelpNumber = 0;
   InitFunctionTable(s);
   InitNodePool(s);
+  // The sides set as text belong to the item they were set for.
+  s.SetSidesOfItem.reset();
   NewNode(s);  // node 2
   NewNode(s);  // node 3
   s.EquationList.clear();

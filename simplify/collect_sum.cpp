@@ -45,6 +45,14 @@ double PowerRank(double n) {
 // The rank as the head of a sort key, written to a fixed width so that keys compared as text
 // order the ranks as numbers: 47.5 between 47 and 48, and 110 after 99.
 std::string RankKey(double rank) {
+  // A whole rank (the usual case) is written as the format below writes it, without the format.
+  if (rank >= 0.0 && rank < 1e7 && !std::signbit(rank) && rank == std::floor(rank)) {
+    std::string key = "0000000.0000";
+    for (auto whole = static_cast<long>(rank), place = 6L; whole > 0; whole /= 10, --place) {
+      key[static_cast<std::size_t>(place)] = static_cast<char>('0' + whole % 10);
+    }
+    return key;
+  }
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%012.4f", rank);
   return text.data();
@@ -158,7 +166,7 @@ bool CollectSum(Session& s, NodeIdx& slot) {
     }
     entry.key =
         RankKey(TermRank(s, t, 1)) + entry.parts.numerator_text + entry.parts.denominator_text;
-    entries.push_back(entry);
+    entries.push_back(std::move(entry));
   }
   // 2. Bubble sort by key.
   int bits = 0;
@@ -174,22 +182,13 @@ bool CollectSum(Session& s, NodeIdx& slot) {
       }
     }
   }
-  // 3. The narration begins.
-  StepParts parts;
-  AddStepPart(parts, "Simplify the " + word + "@" + old_text + "@ by:|");
-  if (initial_plus) AddStepPart(parts, "dropping the initial + sign.|");
-  if (zeros > 0) AddStepPart(parts, "dropping 0 terms.|");
   if (initial_plus || zeros > 0) {
     bits |= kBitDropped;
     level = 2;
   }
-  if (bits & kBitSorted) {
-    AddStepPart(parts,
-                "sorting the terms (from highest power to lowest power, in alphabetical order and "
-                "numbers last).|");
-  }
-  // 4. Runs of equal keys: like terms are combined.
+  // 4. Runs of equal keys: like terms are combined (the narration of each kept for step 5).
   std::string text;
+  std::vector<std::string> runs;
   const auto keep_term = [&s, &text](const Entry& entry) {
     const std::string term =
         FormatCoefficient(s, entry.parts.numerator, entry.parts.denominator,
@@ -231,17 +230,27 @@ bool CollectSum(Session& s, NodeIdx& slot) {
       text += (new_run[0] == '-' ? "" : "+") + new_run;
     }
     bits |= kBitCombined;
-    AddStepPart(parts, std::string(a != 0.0 ? "combining like terms @" : "canceling @") + old_run +
-                           "->" + new_run + "@ .|");
+    runs.push_back(std::string(a != 0.0 ? "combining like terms @" : "canceling @") + old_run +
+                   "->" + new_run + "@ .|");
     i = j;
   }
-  // 5. The closing.
-  AddStepPart(parts, "The result is:");
   if (!text.empty() && text[0] == '+') text.erase(0, 1);
   if (text.empty()) text = "0";
-  // 7. The level and the message; a sum already in its house form is left as it is.
+  // The level; a sum already in its house form is left as it is, and told nothing.
   if (text != old_text && level == 0) level = 2;
   if (level == 0) return false;
+  // 5. The narration, and its closing.
+  StepParts parts;
+  AddStepPart(parts, "Simplify the " + word + "@" + old_text + "@ by:|");
+  if (initial_plus) AddStepPart(parts, "dropping the initial + sign.|");
+  if (zeros > 0) AddStepPart(parts, "dropping 0 terms.|");
+  if (bits & kBitSorted) {
+    AddStepPart(parts,
+                "sorting the terms (from highest power to lowest power, in alphabetical order and "
+                "numbers last).|");
+  }
+  for (const std::string& run : runs) AddStepPart(parts, run);
+  AddStepPart(parts, "The result is:");
   ReplaceNodeContents(s, slot, text, true);
   s.Message = bits == kBitSorted ? std::string(kSortTermsMessage)
                                  : std::to_string(380 + bits) + "#" + JoinStepParts(parts);

@@ -5,6 +5,8 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "core/evaluate.h"
 #include "core/node_pool.h"
@@ -21,10 +23,10 @@ namespace tavimor {
 
 namespace {
 
-bool StartsWith(const std::string& text, const std::string& start) {
+bool StartsWith(std::string_view text, std::string_view start) {
   return text.size() >= start.size() && text.compare(0, start.size(), start) == 0;
 }
-bool EndsWith(const std::string& text, const std::string& end) {
+bool EndsWith(std::string_view text, std::string_view end) {
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
@@ -215,7 +217,7 @@ bool CancelInverseText(Session& s, NodeIdx& slot) {
   const std::string old_text = s.Pool[slot].Text;
   std::string x;
   std::string stem;
-  const auto frame = [&old_text](const std::string& start, const std::string& end) {
+  const auto frame = [&old_text](std::string_view start, std::string_view end) {
     if (!StartsWith(old_text, start) || !EndsWith(old_text, end) ||
         old_text.size() <= start.size() + end.size()) {
       return std::string();

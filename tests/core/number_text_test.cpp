@@ -85,6 +85,17 @@ TEST_F(NumberText, LargeNumberNormalisesToScientific) {
   EXPECT_EQ(NormaliseNumberText(s, "123456789000"), "1.23456789E11");
 }
 
+TEST_F(NumberText, WholeNumbersBelowABillionStayAsWritten) {
+  EXPECT_EQ(NormaliseNumberText(s, "0"), "0");
+  EXPECT_EQ(NormaliseNumberText(s, "7"), "7");
+  EXPECT_EQ(NormaliseNumberText(s, "120"), "120");
+  EXPECT_EQ(NormaliseNumberText(s, "999999999"), "999999999");
+  EXPECT_EQ(NormaliseNumberText(s, "1000000000"), "1E9");
+  EXPECT_EQ(NormaliseNumberText(s, "007"), "7");
+  EXPECT_EQ(NormaliseNumberText(s, "00"), "0");
+  EXPECT_EQ(NormaliseNumberText(s, "-0"), "-0");
+}
+
 TEST_F(NumberText, PlainDecimalStays) { EXPECT_EQ(NormaliseNumberText(s, "0.5"), "0.5"); }
 
 TEST_F(NumberText, NormaliseKeepsSignAndDropsNeedlessZeros) {

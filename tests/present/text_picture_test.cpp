@@ -98,5 +98,87 @@ TEST_F(TextAheadTest, ASideThatCannotBeDrawnIsToldAsADrawingIs) {
   EXPECT_EQ(text_only.messages[0].text.rfind("Error in DrawAnyExpression.", 0), 0u);
 }
 
+TEST_F(TextPictureTest, OneRowPicturesJoinTheirLineAsStackedOnesDo) {
+  auto line = [&](const std::vector<std::string>& pictures) {
+    RichText runs;
+    runs.push_back(RichRun{RunKind::Text, "Sum  ", {}, {}});
+    for (const std::string& text : pictures) {
+      RichRun run;
+      run.kind = RunKind::Picture;
+      run.picture.left = text;
+      runs.push_back(run);
+      runs.push_back(RichRun{RunKind::Tab, "", {}, {}});
+    }
+    runs.push_back(RichRun{RunKind::Text, "end  ", {}, {}});
+    runs.push_back(RichRun{RunKind::LineEnd, "", {}, {}});
+    return RenderForTerminal(s, runs);
+  };
+  EXPECT_EQ(line({"2*x+3*x^2", "sin(x)-(a+b)"}),
+            (std::vector<std::string>{"Sum  2x + 3x²    sin(x) − (a + b)    end"}));
+  // A stacked picture on the line sets every part on its baseline.
+  EXPECT_EQ(line({"2*x+3*x^2", "a/b"}),
+            (std::vector<std::string>{std::string(18, ' ') + "a", "Sum  2x + 3x²    ───    end",
+                                      std::string(18, ' ') + "b"}));
+  EXPECT_EQ(line({"sqrt(x)"}), (std::vector<std::string>{"      _", "Sum  √x    end"}));
+}
+
+TEST_F(TextPictureTest, TextThatIsNotUtf8IsMendedTheSameOnEveryLine) {
+  auto line = [&](const std::string& picture) {
+    RichText runs;
+    runs.push_back(RichRun{RunKind::Text, "caf\xE9 ", {}, {}});
+    RichRun run;
+    run.kind = RunKind::Picture;
+    run.picture.left = picture;
+    runs.push_back(run);
+    runs.push_back(RichRun{RunKind::LineEnd, "", {}, {}});
+    return RenderForTerminal(s, runs);
+  };
+  const std::vector<std::string> one_row = line("x");
+  const std::vector<std::string> stacked = line("x/2");
+  ASSERT_EQ(one_row.size(), 1u);
+  ASSERT_EQ(stacked.size(), 3u);
+  EXPECT_EQ(one_row[0].substr(0, one_row[0].size() - 1),
+            stacked[1].substr(0, one_row[0].size() - 1));
+}
+
+TEST_F(TextAheadTest, ASideSetAgainLeavesThePoolAsSettingItAfresh) {
+  Load("x+1");  // a tree that stays
+  const std::vector<std::string> texts = {"x/2+x/3", "2*x+3*x",   "x/2+x/3", "5*x",
+                                          "2*x+3*x", "sqrt(x)/2", "5*x",     "sqrt(x)/2"};
+  Session fresh(text_only);
+  InitFunctionTable(fresh);
+  fresh.Pool = s.Pool;
+  for (const std::string& text : texts) {
+    const Picture kept = Draw(text, "");
+    fresh.SetSidesOfItem.reset();  // every side set anew
+    const Picture anew = DrawExpression(fresh, text_only.Metrics(), text);
+    ASSERT_NE(kept.text, nullptr) << text;
+    ASSERT_NE(anew.text, nullptr) << text;
+    EXPECT_EQ(kept.text->left.block.rows, anew.text->left.block.rows) << text;
+    EXPECT_EQ(kept.text->left.footprint.order, anew.text->left.footprint.order) << text;
+    EXPECT_EQ(FreeListFront(s, kPoolSize), FreeListFront(fresh, kPoolSize)) << text;
+    EXPECT_EQ(s.Pool.MaxNodesInUse, fresh.Pool.MaxNodesInUse) << text;
+  }
+}
+
+TEST_F(TextAheadTest, ASideSetUnderOtherOptionsIsSetAgain) {
+  const Picture plain = Draw("2*p", "");
+  s.SpecialP = true;
+  const Picture special = Draw("2*p", "");
+  ASSERT_NE(plain.text, nullptr);
+  ASSERT_NE(special.text, nullptr);
+  EXPECT_EQ(Utf8(plain.text->left.block.rows[0]), "2p");
+  EXPECT_EQ(Utf8(special.text->left.block.rows[0]), "2π");
+}
+
+TEST_F(TextAheadTest, ASideSetBeforeFailsAsADrawingWhenThePoolHasNoRoomForIt) {
+  ASSERT_NE(Draw("a+b+c+d", "").text, nullptr);
+  while (s.Pool.NodesInUse < kPoolSize - 2) NewNode(s);
+  const Picture drawn = Draw("a+b+c+d", "");
+  EXPECT_EQ(drawn.text, nullptr);
+  ASSERT_EQ(text_only.messages.size(), 1u);
+  EXPECT_EQ(text_only.messages[0].text.rfind("Error in DrawAnyExpression.", 0), 0u);
+}
+
 }  // namespace
 }  // namespace tavimor
