@@ -47,8 +47,8 @@ std::string LeadingFactor(Session& s, const std::string& a) {
 // The record of the quadratic at a node, and its completed form; false when the node holds no
 // quadratic, or one the form would leave as it is.
 bool BuildRecord(Session& s, const std::string& found, bool whole, NodeIdx node,
-                 std::vector<std::string>& pieces) {
-  std::string x;
+                 const std::string& letter, std::vector<std::string>& pieces) {
+  std::string x = letter;
   std::string a;
   std::string b;
   std::string c;
@@ -148,7 +148,8 @@ std::string Piece(const std::string& record, int index) {
 
 }  // namespace
 
-bool CompleteTheSquare(Session& s, std::string& text, std::string& record) {
+bool CompleteTheSquare(Session& s, std::string& text, std::string& record,
+                       const std::string& letter) {
   ScopedOverride keep_detail(s.DetailNow, std::int16_t{0});
   ScopedOverride keep_message(s.Message);
   ScopedOverride keep_help(s.HelpNumber);
@@ -157,7 +158,7 @@ bool CompleteTheSquare(Session& s, std::string& text, std::string& record) {
   for (const NodeIdx n : SumsInPostOrder(s, root)) {
     const bool whole = n == root;
     std::vector<std::string> pieces;
-    if (!BuildRecord(s, ContentText(s.Pool[n]), whole, n, pieces)) continue;
+    if (!BuildRecord(s, ContentText(s.Pool[n]), whole, n, letter, pieces)) continue;
     ReplaceNodeContents(s, SlotOf(s, root, n), pieces[7], true);
     RegenerateAll(s, root);
     pieces[8] = s.Pool[root].Text;

@@ -37,9 +37,11 @@ inline constexpr const char* kCompleteSquareSeparator = "; ";
 
 // Finds the first quadratic of the text (children before parents, left to right), writes it in
 // completed square form and puts the whole with that form in place back into `text`; silent.
-// False, with `text` and `record` unchanged, when no part of the text is a quadratic that the
-// form would change.
-bool CompleteTheSquare(Session& s, std::string& text, std::string& record);
+// The quadratic is in `letter` when one is given (the unknown of a solve), else in the first
+// letter it can be found in. False, with `text` and `record` unchanged, when no part of the text
+// is a quadratic that the form would change.
+bool CompleteTheSquare(Session& s, std::string& text, std::string& record,
+                       const std::string& letter = "");
 
 // The narration of a record: the help number and "#", the opening for the side (0 expression,
 // 1 left side, 2 right side) and the step lines.

@@ -358,7 +358,7 @@ class QuadraticSolve {
     const bool right_has_terms = right.QuadCoef != "0" || right.LinCoef != "0";
     perfect_square_ = k.found && !right_has_terms && k.d == "0";
     std::string text = run_.WorkLeft;
-    if (!CompleteTheSquare(s_, text, cs_record_)) return false;
+    if (!CompleteTheSquare(s_, text, cs_record_, x_)) return false;
     if (Piece(14).empty() || Piece(16).empty() || Piece(17).empty()) return false;
     must_transpose_ = right_has_terms || (left.ConstTerm != "0" && !perfect_square_);
     must_divide_ = quad_coef_ != "1";

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "core/errors.h"
+#include "core/pieces.h"
 #include "solve/auto_solve.h"
+#include "support/numeric_value.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {
@@ -167,6 +169,27 @@ TEST_F(AutoSolveTest, RunPastItsBoundOfRoundsStopsWithARunTimeError) {
   EXPECT_FALSE(s.ExponentToRadical);
   EXPECT_NO_THROW(AutoSolve(s, "x^2=x", "x", answers));
   EXPECT_EQ(answers, "0; 1");
+}
+
+TEST_F(AutoSolveTest, CompletingTheSquareIsInTheUnknownAmongOtherLetters) {
+  // y*x^2-x+k*y^2-1=0 is a quadratic in x with coefficients in y and k, not one in y.
+  s.QuadraticMethod = 2;  // completing the square
+  const std::string answers = Solve("k*y^2+y*x^2=x+1");
+  EXPECT_TRUE(
+      Wrote("divide both sides of the equation by @y@ so the coefficient of the "
+            "quadratic term becomes 1."));
+  EXPECT_EQ(Where("@y^2+"), std::string::npos);
+  const double k = 2.0;
+  const double y = 0.5;
+  int checked = 0;
+  for (int piece = 1; piece <= 2; ++piece) {
+    const std::string answer = GetPiece(answers, piece, "; ");
+    ASSERT_FALSE(answer.empty()) << answers;
+    const double x = NumericValue(s, {{'k', k}, {'y', y}}).Of(answer);
+    EXPECT_NEAR(k * y * y + y * x * x, x + 1.0, 1e-9) << answer;
+    ++checked;
+  }
+  EXPECT_EQ(checked, 2);
 }
 
 TEST_F(AutoSolveTest, OtherLetterIsSolvedFor) { EXPECT_EQ(Solve("3*y=x", "y"), "1/3*x"); }
