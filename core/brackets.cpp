@@ -83,6 +83,7 @@ int FunctionNameAt(const Session& s, std::string_view text, int position) {
   const auto start = static_cast<std::size_t>(position - 1);
   if (start >= text.size()) return 0;
   const char first = text[start];
+  if (!s.FunctionNameStarts[static_cast<unsigned char>(first)]) return 0;
   for (int i = 1; i <= kFunctionCount; ++i) {
     const std::string& name = s.FunctionNames[static_cast<std::size_t>(i)];
     if (!name.empty() && name[0] == first && text.substr(start, name.size()) == name) {

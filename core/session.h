@@ -172,6 +172,8 @@ class Session : public OptionSet, public CommandState, public OpenList {
   // The function name table, filled by InitFunctionTable.
   std::array<std::string, kFunctionCount + 1> FunctionNames{};  // 1-based
   std::array<std::int16_t, kFunctionCount + 1> FunctionNameLengths{};
+  // The bytes a function name can start with, so a search at any other byte ends at once.
+  std::array<bool, 256> FunctionNameStarts{};
 
   // The help topic map, read at start-up beside the executable (shell/help_topics.h).
   HelpTables Help;

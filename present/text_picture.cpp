@@ -450,7 +450,11 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
       return entry.side;
     }
   }
-  const std::vector<NodeIdx> before = FreeListFront(s, kMostNodesSetAhead);
+  // A tree has at most about two nodes a character (a product or a sign makes one more); a text
+  // whose tree needs more than this look-ahead is simply set again when it is shown.
+  const int look_ahead = std::min(kMostNodesSetAhead,
+                                  2 * static_cast<int>(std::min<std::size_t>(text.size(), 64)) + 8);
+  const std::vector<NodeIdx> before = FreeListFront(s, look_ahead);
   TextBlock block;
   const bool followed = RunWithFootprint(s, before, side.footprint, [&] {
     const NodeIdx root = NewNode(s);
