@@ -71,11 +71,17 @@ class Spans {
     spans_[static_cast<std::size_t>(count_++)] = {from, to};
   }
   int Count() const { return count_; }
-  int From(int i) const { return spans_[static_cast<std::size_t>(i - 1)].first; }  // 1-based
-  int To(int i) const { return spans_[static_cast<std::size_t>(i - 1)].second; }
+  int From(int i) const { return spans_[static_cast<std::size_t>(i - 1)].from; }  // 1-based
+  int To(int i) const { return spans_[static_cast<std::size_t>(i - 1)].to; }
 
  private:
-  std::array<std::pair<int, int>, kParseEntryLimit> spans_{};
+  // Left unset: only the first `count_` are ever read, and each is written first. (Setting all
+  // fifty to zero for every level parsed cost more than finding the spans.)
+  struct Span {
+    int from;
+    int to;
+  };
+  std::array<Span, kParseEntryLimit> spans_;
   int count_ = 0;
 };
 
@@ -145,14 +151,20 @@ void FactorPass(const Session& s, std::string_view t, Spans& spans) {
 // The factors as entries, each with its role ("N" or "D") as the first character.
 void FactorEntries(std::string_view t, const Spans& spans, Entries& entries) {
   for (int i = 1; i <= spans.Count(); ++i) {
-    std::string factor = Mid(t, spans.From(i), spans.To(i));
-    if (!factor.empty() && factor[0] == '*') {
-      factor[0] = 'N';
-    } else if (!factor.empty() && factor[0] == '/') {
-      factor[0] = 'D';
-    } else {
-      factor.insert(0, "N");
+    std::string_view written;
+    if (spans.To(i) >= spans.From(i) && spans.From(i) <= static_cast<int>(t.size())) {
+      written = t.substr(static_cast<std::size_t>(spans.From(i) - 1),
+                         static_cast<std::size_t>(spans.To(i) - spans.From(i) + 1));
     }
+    char role = 'N';
+    if (!written.empty() && (written[0] == '*' || written[0] == '/')) {
+      role = written[0] == '*' ? 'N' : 'D';
+      written.remove_prefix(1);
+    }
+    std::string factor;
+    factor.reserve(written.size() + 1);
+    factor.push_back(role);
+    factor.append(written);
     entries.Add(std::move(factor));
   }
 }
@@ -171,8 +183,9 @@ void SplitSignBeforePower(Entries& entries) {
 void MergePowers(Entries& entries) {
   int i = 2;
   while (i < entries.Count()) {
-    if (entries[i].substr(1) == "^") {
-      entries[i - 1] += "^" + entries[i + 1].substr(1);
+    if (entries[i].size() == 2 && entries[i][1] == '^') {  // a role and "^"
+      entries[i - 1].push_back('^');
+      entries[i - 1].append(entries[i + 1], 1);
       entries.RemoveAt(i + 1);
       entries.RemoveAt(i);
     } else {
@@ -193,7 +206,7 @@ void MakeChildren(Session& s, NodeIdx n, Entries& entries) {
     const NodeIdx child = NewNode(s);
     AppendChild(s, n, child);
     s.Pool[child].Role = entries[i][0];
-    s.Pool[child].Text = entries[i].substr(1);
+    s.Pool[child].Text.assign(entries[i], 1);
   }
 }
 

@@ -122,7 +122,7 @@ struct CommandState {
   std::shared_ptr<SysEqState> SystemWindow;
   // Sums factored completely (and negated) by the factor-and-cancel rule, by the text and the
   // options they were worked out under: the rule asks the same of every fraction at each pass of
-  // the simplify loop.
+  // the simplify loop. Dropped at every load.
   std::unordered_map<std::string, std::string> FactoredSums;
   // The sides the typesetter set as text for a front end that paints no drawings
   // (present/text_picture.h), by their text, for the item loaded: a step shows the same

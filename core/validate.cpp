@@ -145,7 +145,7 @@ std::string ValidationMessage(Session& s, std::string& text) {
   const char dp = s.Dp();
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
-    if (!(OneOf(c, "+-/*^()[]=;") || c == dp || IsAsciiDigit(c) || IsAsciiLetter(c))) {
+    if (!(IsAsciiLetter(c) || IsAsciiDigit(c) || c == dp || OneOf(c, "+-/*^()[]=;"))) {
       return "Error in input string.  The character  " + CharacterAt(text, i) + "  is not allowed.";
     }
   }

@@ -11,8 +11,10 @@ ItemShape LoadItemTrees(Session& s, const std::string& input) {
   s.HelpNumber = 0;
   InitFunctionTable(s);
   InitNodePool(s);
-  // The sides set as text belong to the item they were set for.
+  // The sides set as text and the sums factored belong to the item they were worked out for (a
+  // batch that loads the same items again then does all their work again).
   s.SetSidesOfItem.reset();
+  s.FactoredSums.clear();
   NewNode(s);  // node 2
   NewNode(s);  // node 3
   s.EquationList.clear();

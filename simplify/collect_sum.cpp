@@ -147,6 +147,7 @@ bool CollectSum(Session& s, NodeIdx& slot) {
   const int count = CountChildren(s, n, false);
   // 1. The terms, zero terms dropped, and the heading word.
   std::vector<Entry> entries;
+  entries.reserve(static_cast<std::size_t>(count));
   int zeros = 0;
   std::string word;
   const bool initial_plus = s.Pool[first].Role == kRoleLeadingPlus;
