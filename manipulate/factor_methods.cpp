@@ -6,6 +6,8 @@
 #include <map>
 #include <optional>
 
+#include "core/errors.h"
+#include "core/evaluate.h"
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/number_format.h"
@@ -13,6 +15,7 @@
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
+#include "core/tree_walk.h"
 #include "manipulate/factor.h"
 #include "manipulate/integer_gcd.h"
 #include "manipulate/polynomial.h"
@@ -320,9 +323,59 @@ bool FactorCubes(Session& s, const std::string& part, FactorFinding& found) {
 
 namespace {
 
+// Whether the values of x and y tell at once that x/y is no number near 1: at some point where
+// both have a finite value and y is not near zero, x/y is farther than 1/1000 from 1. Every rewrite
+// of the simplify loop keeps the value, so x/y could then never simplify to a number within 1E-7
+// of 1. The letters take values between 0.3 and 1.4, where the loop's rules for powers, roots,
+// logarithms and inverse functions (which take letters as positive, and angles as small) hold; a
+// text with a constant letter (i, e, p, d as the options make them) is not tried, nor one whose
+// values cannot be found. False means "not told apart", never "the same".
+bool ValuesTellApart(Session& s, const std::string& x, const std::string& y) {
+  ScopedOverride names(s.VarNames);
+  ScopedOverride values(s.VarValues);
+  ScopedOverride count(s.VarCount);
+  try {
+    TempTree left(s, x, TempTree::Depth::Whole);
+    TempTree right(s, y, TempTree::Depth::Whole);
+    std::string letters;
+    bool constant = false;
+    const auto collect = [&s, &letters, &constant](NodeIdx n) {
+      const ExprNode& node = s.Pool[n];
+      if (node.Kind != kKindVariable || node.Text.size() != 1) return;
+      const char letter = node.Text[0];
+      if (IsConstantVar(s, letter)) constant = true;
+      if (letters.find(letter) == std::string::npos) letters.push_back(letter);
+    };
+    ForEachNodeParentFirst(s, left.Root(), collect);
+    ForEachNodeParentFirst(s, right.Root(), collect);
+    if (constant) return false;
+    constexpr std::array<double, 3> kPoints = {0.5813, 0.9277, 1.2391};
+    for (const double point : kPoints) {
+      for (std::size_t k = 0; k < letters.size(); ++k) {
+        SetVarValue(s, letters[k],
+                    0.3 + std::fmod(point - 0.3 + 0.1731 * static_cast<double>(k), 1.1));
+      }
+      try {
+        EvaluateAll(s, left.Root());
+        EvaluateAll(s, right.Root());
+      } catch (const RunTimeError&) {
+        continue;  // outside a domain at this point: another may tell
+      }
+      const double vx = ValueAsNumber(s, s.Pool[left.Root()].Value);
+      const double vy = ValueAsNumber(s, s.Pool[right.Root()].Value);
+      if (!std::isfinite(vx) || !std::isfinite(vy) || std::fabs(vy) < 1e-9) continue;
+      if (std::fabs(vx / vy - 1.0) > 1e-3) return true;
+    }
+  } catch (const RunTimeError&) {
+    return false;  // a text the parser refuses is left to the simplify loop
+  }
+  return false;
+}
+
 // The two brackets of the grouping are equal when their quotient is 1 within the bound.
 bool SameBracket(Session& s, const std::string& x, const std::string& y) {
   if (x == y) return true;
+  if (ValuesTellApart(s, x, y)) return false;
   const std::string bound_text = std::string("1") + s.Dp() + "0000001";
   const double bound = SafeValue(s, bound_text);
   const std::optional<double> ratio = NumericTextValue(s, "(" + x + ")/(" + y + ")");

@@ -2,6 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
 
 #include "core/pieces.h"
 #include "manipulate/factor.h"
@@ -83,6 +87,37 @@ TEST_F(Factoring, SumOfCubes) {
 TEST_F(Factoring, FourTermsByGrouping) {
   EXPECT_EQ(Factor("x^3+2*x^2+x+2"), "(x+2)*(x^2+1)");
   EXPECT_EQ(Code(), kMethodGrouping);
+}
+
+// The brackets of two groups are compared by their values first, at a few points where the
+// letters are small and positive; values only ever tell brackets apart, so the groupings whose
+// brackets are equal (or opposite) are all still found, with logarithms, roots, constants and
+// the variable table left as they were.
+TEST_F(Factoring, FourTermsByGroupingWithBracketsOfEveryKind) {
+  s.VarNames = {'a'};
+  s.VarValues = {NodeValue{std::int32_t{7}}};
+  s.VarCount = 1;
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"a*x-a*y-b*x+b*y", "(a-b)*(x-y)"},
+      {"x*ln(y)+x+ln(y)+1", "(ln(y)+1)*(x+1)"},
+      {"e*x+e*y+x+y", "(e+1)*(x+y)"},
+      {"a*c+a*d+b*c+b*d", "(a+b)*(c+d)"},
+      {"x*sqrt(y)-x+2*sqrt(y)-2", "(sqrt(y)-1)*(x+2)"},
+  };
+  for (const auto& [item, factored_form] : cases) {
+    EXPECT_EQ(Factor(item), factored_form) << item;
+    EXPECT_EQ(Code(), kMethodGrouping) << item;
+  }
+  ASSERT_EQ(s.VarCount, 1);
+  EXPECT_EQ(s.VarNames[0], 'a');
+  EXPECT_EQ(std::get<std::int32_t>(s.VarValues[0]), 7);
+}
+
+TEST_F(Factoring, FourTermsWhoseGroupsShareNoBracketAreNotGrouped) {
+  // The pairings give x*(x+1) and 2*(y+3), then x^2+2*y and x+6, then x^2+6 and 2*y+x: the
+  // first two brackets differ in value, the others have no common factor.
+  EXPECT_EQ(Factor("x^2+x+2*y+6"), "");
+  EXPECT_NE(Code(), kMethodGrouping);
 }
 
 TEST_F(Factoring, CubicByDeflation) {

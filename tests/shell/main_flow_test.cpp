@@ -558,6 +558,17 @@ std::string SixtyTermSum() {
   return text;
 }
 
+TEST_F(MainFlow, SumsFactoredForAnItemAreDroppedAtTheNextLoad) {
+  ASSERT_TRUE(Load("(x^2-1)/(x-1)"));
+  std::string error;
+  ASSERT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
+  EXPECT_FALSE(s.FactoredSums.empty());
+  // Loading the same item again works its factorings out again: a batch that repeats its items
+  // measures real work.
+  ASSERT_TRUE(Load("(x^2-1)/(x-1)"));
+  EXPECT_TRUE(s.FactoredSums.empty());
+}
+
 TEST_F(MainFlow, AFailedLoadKeepsThePreviousItemWhole) {
   ASSERT_TRUE(Load("2x+3x=10"));
   cmdDoLHS(s);
