@@ -6,27 +6,12 @@
 #include "core/pieces.h"
 #include "solve/auto_solve.h"
 #include "support/numeric_value.h"
-#include "support/session_fixture.h"
+#include "support/solve_fixture.h"
 
 namespace tavimor {
 namespace {
 
-class AutoSolveTest : public SessionTest {
- protected:
-  AutoSolveTest() {
-    s.SolveDetail = 1;
-    s.StreamingOutput = true;
-  }
-  // Solves for x; the answers.
-  std::string Solve(const std::string& equation, const std::string& unknown = "x") {
-    std::string answers;
-    AutoSolve(s, equation, unknown, answers);
-    return answers;
-  }
-  std::string Transcript() const { return frontend.Transcript(); }
-  bool Wrote(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
-  std::size_t Where(const std::string& text) const { return Transcript().find(text); }
-};
+using AutoSolveTest = SolveTest;
 
 TEST_F(AutoSolveTest, EqualSidesAreAnIdentityWithNoStep) {
   EXPECT_EQ(Solve("x=x"), "any-value");

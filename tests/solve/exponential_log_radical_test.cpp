@@ -8,35 +8,20 @@
 #include "solve/exponential_alias.h"
 #include "solve/solve_exponential.h"
 #include "solve/solve_logarithmic.h"
-#include "support/session_fixture.h"
+#include "support/solve_fixture.h"
 
 namespace tavimor {
 namespace {
 
-class NonPolynomialSolveTest : public SessionTest {
+class NonPolynomialSolveTest : public SolveTest {
  protected:
-  NonPolynomialSolveTest() {
-    s.SolveDetail = 1;
-    s.StreamingOutput = true;
-  }
-  std::string Solve(const std::string& equation) {
-    std::string answers;
-    AutoSolve(s, equation, "x", answers);
-    return answers;
-  }
-  // The hint the solver gives on the equation, and nothing written.
+  // The last hint the solver gives on the equation, and nothing written.
   std::string Hint(const std::string& equation) {
-    s.SolveDetail = 0;
-    s.HintState = 1;
-    std::string answers;
-    AutoSolve(s, equation, "x", answers);
+    const std::vector<std::string>& hints = Hints(equation);
     EXPECT_EQ(s.HintState, 2);
-    EXPECT_EQ(frontend.Transcript(), "");
-    return frontend.hints.empty() ? "" : frontend.hints.back();
+    EXPECT_EQ(Transcript(), "");
+    return hints.empty() ? "" : hints.back();
   }
-  std::string Transcript() const { return frontend.Transcript(); }
-  bool Wrote(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
-  std::size_t Where(const std::string& text) const { return Transcript().find(text); }
 };
 
 // Radical equations.

@@ -5,31 +5,17 @@
 #include "solve/auto_solve.h"
 #include "solve/solve_linear.h"
 #include "solve/solve_quadratic.h"
-#include "support/session_fixture.h"
+#include "support/solve_fixture.h"
 
 namespace tavimor {
 namespace {
 
-class PolynomialForms : public SessionTest {
+class PolynomialForms : public SolveTest {
  protected:
-  PolynomialForms() {
-    s.SolveDetail = 1;
-    s.StreamingOutput = true;
-  }
-  std::string Solve(const std::string& equation, const std::string& unknown = "x") {
-    std::string answers;
-    AutoSolve(s, equation, unknown, answers);
-    return answers;
-  }
+  // The last hint the solver gives on the equation.
   std::string Hint(const std::string& equation) {
-    s.SolveDetail = 0;
-    s.HintState = 1;
-    std::string answers;
-    AutoSolve(s, equation, "x", answers);
-    return frontend.hints.empty() ? "" : frontend.hints.back();
-  }
-  bool Wrote(const std::string& text) const {
-    return frontend.Transcript().find(text) != std::string::npos;
+    const std::vector<std::string>& hints = Hints(equation);
+    return hints.empty() ? "" : hints.back();
   }
 };
 

@@ -10,32 +10,19 @@
 #include "solve/trig_forms.h"
 #include "solve/trig_terms.h"
 #include "support/numeric_value.h"
-#include "support/session_fixture.h"
+#include "support/solve_fixture.h"
 
 namespace tavimor {
 namespace {
 
-class TrigTest : public SessionTest {
+class TrigTest : public SolveTest {
  protected:
-  TrigTest() {
-    StartUp(s, ".");
-    s.SolveDetail = 1;
-    s.StreamingOutput = true;
-  }
-  std::string Solve(const std::string& equation, const std::string& unknown = "x") {
-    std::string answers;
-    AutoSolve(s, equation, unknown, answers);
-    return answers;
-  }
+  TrigTest() { StartUp(s, "."); }
   // The first hint the solver gives for the equation.
   std::string Hint(const std::string& equation) {
-    s.SolveDetail = 0;
-    s.HintState = 1;
-    Solve(equation);
-    return frontend.hints.empty() ? "" : frontend.hints.front();
+    const std::vector<std::string>& hints = Hints(equation);
+    return hints.empty() ? "" : hints.front();
   }
-  std::string Transcript() const { return frontend.Transcript(); }
-  bool Wrote(const std::string& text) const { return Transcript().find(text) != std::string::npos; }
   // A run with the equation moved to the left, as the ladder hands it to a rung.
   SolveRun Moved(const std::string& moved, const std::string& left, const std::string& right) {
     SolveRun run;

@@ -7,64 +7,23 @@
 #include <map>
 #include <string>
 
-#include "core/node_pool.h"
 #include "core/number_text.h"
-#include "core/parse.h"
 #include "core/session.h"
+#include "support/tree_value.h"
 
 namespace tavimor {
 
-class ComplexValue {
+class ComplexValue : public TreeValue<ComplexValue, std::complex<double>> {
  public:
   using Value = std::complex<double>;
 
   ComplexValue(Session& s, char unit, std::map<char, double> letters)
-      : s_(s), unit_(unit), letters_(std::move(letters)) {}
-
-  Value Of(const std::string& text) {
-    const NodeIdx root = NewNode(s_);
-    s_.Pool[root].Text = text;
-    Value value(NAN, NAN);
-    try {
-      ParseTree(s_, root);
-      value = Node(root);
-    } catch (...) {
-      FreeChildren(s_, root);
-      FreeNode(s_, root);
-      throw;
-    }
-    FreeChildren(s_, root);
-    FreeNode(s_, root);
-    return value;
-  }
+      : TreeValue(s), unit_(unit), letters_(std::move(letters)) {}
 
  private:
-  Value Content(NodeIdx n) {
-    const NodeIdx first = s_.Pool[n].FirstChild;
-    const char role = s_.Pool[first].Role;
-    if (role == '+' || role == '-' || role == '1') {
-      Value sum = 0.0;
-      for (NodeIdx c = first; c != kNoNode; c = s_.Pool[c].Next) {
-        sum += (s_.Pool[c].Role == '-' ? -1.0 : 1.0) * Node(c);
-      }
-      return sum;
-    }
-    if (role == 'N' || role == 'D') {
-      Value product = 1.0;
-      for (NodeIdx c = first; c != kNoNode; c = s_.Pool[c].Next) {
-        const std::string& t = s_.Pool[c].Text;
-        Value v;
-        if (s_.Pool[c].Kind == kKindNumber && (t == "-" || t == "+")) {
-          v = t == "-" ? -1.0 : 1.0;
-        } else {
-          v = Node(c);
-        }
-        product = s_.Pool[c].Role == 'D' ? product / v : product * v;
-      }
-      return product;
-    }
-    return Node(first);
-  }
+  friend class TreeValue<ComplexValue, Value>;
+
+  void Dividing(const Value&) {}
 
   Value Node(NodeIdx n) {
     const ExprNode& node = s_.Pool[n];
@@ -99,7 +58,6 @@ class ComplexValue {
     }
   }
 
-  Session& s_;
   char unit_;
   std::map<char, double> letters_;
 };

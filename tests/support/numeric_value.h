@@ -7,66 +7,25 @@
 #include <map>
 #include <string>
 
-#include "core/node_pool.h"
 #include "core/number_text.h"
-#include "core/parse.h"
 #include "core/session.h"
+#include "support/tree_value.h"
 
 namespace tavimor {
 
-class NumericValue {
+class NumericValue : public TreeValue<NumericValue, double> {
  public:
-  NumericValue(Session& s, std::map<char, double> letters) : s_(s), letters_(std::move(letters)) {}
+  NumericValue(Session& s, std::map<char, double> letters)
+      : TreeValue(s), letters_(std::move(letters)) {}
 
   // Whether a division by zero or 0 to a power of at most 0 was met on the way.
   bool met_undefined = false;
 
-  double Of(const std::string& text) {
-    const NodeIdx root = NewNode(s_);
-    s_.Pool[root].Text = text;
-    double value = NAN;
-    try {
-      ParseTree(s_, root);
-      value = Node(root);
-    } catch (...) {
-      FreeChildren(s_, root);
-      FreeNode(s_, root);
-      throw;
-    }
-    FreeChildren(s_, root);
-    FreeNode(s_, root);
-    return value;
-  }
-
  private:
-  double Content(NodeIdx n) {
-    const NodeIdx first = s_.Pool[n].FirstChild;
-    const char role = s_.Pool[first].Role;
-    if (role == '+' || role == '-' || role == '1') {
-      double sum = 0.0;
-      for (NodeIdx c = first; c != kNoNode; c = s_.Pool[c].Next) {
-        sum += (s_.Pool[c].Role == '-' ? -1.0 : 1.0) * Node(c);
-      }
-      return sum;
-    }
-    if (role == 'N' || role == 'D') {
-      double product = 1.0;
-      for (NodeIdx c = first; c != kNoNode; c = s_.Pool[c].Next) {
-        const std::string& t = s_.Pool[c].Text;
-        double v = 0.0;
-        if (s_.Pool[c].Kind == kKindNumber && t == "-") {
-          v = -1.0;
-        } else if (s_.Pool[c].Kind == kKindNumber && t == "+") {
-          v = 1.0;
-        } else {
-          v = Node(c);
-        }
-        if (s_.Pool[c].Role == 'D' && v == 0.0) met_undefined = true;
-        product = s_.Pool[c].Role == 'D' ? product / v : product * v;
-      }
-      return product;
-    }
-    return Node(first);
+  friend class TreeValue<NumericValue, double>;
+
+  void Dividing(double v) {
+    if (v == 0.0) met_undefined = true;
   }
 
   double Node(NodeIdx n) {
@@ -103,7 +62,6 @@ class NumericValue {
     }
   }
 
-  Session& s_;
   std::map<char, double> letters_;
 };
 
