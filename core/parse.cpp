@@ -73,6 +73,12 @@ class Spans {
   int Count() const { return count_; }
   int From(int i) const { return spans_[static_cast<std::size_t>(i - 1)].from; }  // 1-based
   int To(int i) const { return spans_[static_cast<std::size_t>(i - 1)].to; }
+  // The text of span i in `t`; empty when the span is.
+  std::string_view Text(std::string_view t, int i) const {
+    if (To(i) < From(i) || From(i) > static_cast<int>(t.size())) return {};
+    return t.substr(static_cast<std::size_t>(From(i) - 1),
+                    static_cast<std::size_t>(To(i) - From(i) + 1));
+  }
 
  private:
   // Left unset: only the first `count_` are ever read, and each is written first. (Setting all
@@ -108,11 +114,7 @@ void SumPass(const Session& s, std::string_view t, Spans& spans) {
 // written "+" and "+" when none is written.
 void MakeTerms(Session& s, NodeIdx n, std::string_view t, const Spans& spans) {
   for (int i = 1; i <= spans.Count(); ++i) {
-    std::string_view term;
-    if (spans.To(i) >= spans.From(i) && spans.From(i) <= static_cast<int>(t.size())) {
-      term = t.substr(static_cast<std::size_t>(spans.From(i) - 1),
-                      static_cast<std::size_t>(spans.To(i) - spans.From(i) + 1));
-    }
+    std::string_view term = spans.Text(t, i);
     char role = kRolePlus;
     if (!term.empty() && (term[0] == '+' || term[0] == '-')) {
       role = (i == 1 && term[0] == '+') ? kRoleLeadingPlus : term[0];
@@ -151,11 +153,7 @@ void FactorPass(const Session& s, std::string_view t, Spans& spans) {
 // The factors as entries, each with its role ("N" or "D") as the first character.
 void FactorEntries(std::string_view t, const Spans& spans, Entries& entries) {
   for (int i = 1; i <= spans.Count(); ++i) {
-    std::string_view written;
-    if (spans.To(i) >= spans.From(i) && spans.From(i) <= static_cast<int>(t.size())) {
-      written = t.substr(static_cast<std::size_t>(spans.From(i) - 1),
-                         static_cast<std::size_t>(spans.To(i) - spans.From(i) + 1));
-    }
+    std::string_view written = spans.Text(t, i);
     char role = 'N';
     if (!written.empty() && (written[0] == '*' || written[0] == '/')) {
       role = written[0] == '*' ? 'N' : 'D';

@@ -15,7 +15,6 @@
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
-#include "core/tree_walk.h"
 #include "manipulate/factor.h"
 #include "manipulate/integer_gcd.h"
 #include "manipulate/polynomial.h"
@@ -334,25 +333,22 @@ bool ValuesTellApart(Session& s, const std::string& x, const std::string& y) {
   ScopedOverride names(s.VarNames);
   ScopedOverride values(s.VarValues);
   ScopedOverride count(s.VarCount);
+  ScopedOverride letters(s.SubstitutionVars, {});
+  ScopedOverride letter_count(s.SubstitutionCount, std::int16_t{0});
   try {
     TempTree left(s, x, TempTree::Depth::Whole);
     TempTree right(s, y, TempTree::Depth::Whole);
-    std::string letters;
-    bool constant = false;
-    const auto collect = [&s, &letters, &constant](NodeIdx n) {
-      const ExprNode& node = s.Pool[n];
-      if (node.Kind != kKindVariable || node.Text.size() != 1) return;
-      const char letter = node.Text[0];
-      if (IsConstantVar(s, letter)) constant = true;
-      if (letters.find(letter) == std::string::npos) letters.push_back(letter);
-    };
-    ForEachNodeParentFirst(s, left.Root(), collect);
-    ForEachNodeParentFirst(s, right.Root(), collect);
-    if (constant) return false;
+    CollectVars(s, left.Root());
+    CollectVars(s, right.Root());
+    const std::vector<char>& found = s.SubstitutionVars;
+    if (std::any_of(found.begin(), found.end(),
+                    [&s](char letter) { return IsConstantVar(s, letter); })) {
+      return false;
+    }
     constexpr std::array<double, 3> kPoints = {0.5813, 0.9277, 1.2391};
     for (const double point : kPoints) {
-      for (std::size_t k = 0; k < letters.size(); ++k) {
-        SetVarValue(s, letters[k],
+      for (std::size_t k = 0; k < found.size(); ++k) {
+        SetVarValue(s, found[k],
                     0.3 + std::fmod(point - 0.3 + 0.1731 * static_cast<double>(k), 1.1));
       }
       try {

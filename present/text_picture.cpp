@@ -339,6 +339,32 @@ bool TextLayout::FlatContent(NodeIdx n, std::u32string& row) {
 constexpr int kMostNesting = 24;
 constexpr int kMostRows = 40;
 
+namespace {
+
+// The text parsed, prepared for display and set (straight on one row when it fits there), its
+// tree given back to the pool however that ends.
+TextBlock SetMathematics(Session& s, const std::string& text) {
+  const NodeIdx root = NewNode(s);
+  try {
+    s.Pool[root].Text = text;
+    ParseTree(s, root);
+    PrepareForDisplay(s, root);
+    TextLayout layout(s);
+    std::u32string row;
+    TextBlock block =
+        layout.Flat(root, row) ? TextBlock::Line(std::move(row)) : layout.Render(root);
+    FreeChildren(s, root);
+    FreeNode(s, root);
+    return block;
+  } catch (...) {
+    FreeChildren(s, root);
+    FreeNode(s, root);
+    throw;
+  }
+}
+
+}  // namespace
+
 TextBlock RenderText(Session& s, const std::string& text) {
   if (BracketNesting(text) > kMostNesting) return TextBlock::Line(Utf32(text));
   const int pieces = CountPieces(text, ";");
@@ -350,28 +376,11 @@ TextBlock RenderText(Session& s, const std::string& text) {
     }
     return TextBlock::Join(parts);
   }
-  NodeIdx root = kNoNode;
   try {
-    root = NewNode(s);
-    s.Pool[root].Text = text;
-    ParseTree(s, root);
-    PrepareForDisplay(s, root);
-    TextLayout layout(s);
-    std::u32string row;
-    TextBlock block =
-        layout.Flat(root, row) ? TextBlock::Line(std::move(row)) : layout.Render(root);
-    FreeChildren(s, root);
-    FreeNode(s, root);
+    TextBlock block = SetMathematics(s, text);
     if (block.Height() > kMostRows) return TextBlock::Line(Utf32(text));
     return block;
   } catch (const RunTimeError&) {
-    if (root != kNoNode) {
-      try {
-        FreeChildren(s, root);
-        FreeNode(s, root);
-      } catch (const RunTimeError&) {
-      }
-    }
     return TextBlock::Line(Utf32(text));
   }
 }
@@ -456,27 +465,8 @@ TextSide SetSideAsText(Session& s, const std::string& text) {
                                   2 * static_cast<int>(std::min<std::size_t>(text.size(), 64)) + 8);
   const std::vector<NodeIdx> before = FreeListFront(s, look_ahead);
   TextBlock block;
-  const bool followed = RunWithFootprint(s, before, side.footprint, [&] {
-    const NodeIdx root = NewNode(s);
-    try {
-      s.Pool[root].Text = text;
-      ParseTree(s, root);
-      PrepareForDisplay(s, root);
-      TextLayout layout(s);
-      std::u32string row;
-      if (layout.Flat(root, row)) {
-        block = TextBlock::Line(std::move(row));
-      } else {
-        block = layout.Render(root);
-      }
-    } catch (...) {
-      FreeChildren(s, root);
-      FreeNode(s, root);
-      throw;
-    }
-    FreeChildren(s, root);
-    FreeNode(s, root);
-  });
+  const bool followed =
+      RunWithFootprint(s, before, side.footprint, [&] { block = SetMathematics(s, text); });
   if (!followed) return side;
   const PoolFootprint setting = side.footprint;
   // As RenderText sets it: too deep is shown as its text without a tree, too tall after one.

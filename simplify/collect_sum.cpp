@@ -46,7 +46,7 @@ double PowerRank(double n) {
 // order the ranks as numbers: 47.5 between 47 and 48, and 110 after 99.
 std::string RankKey(double rank) {
   // A whole rank (the usual case) is written as the format below writes it, without the format.
-  if (rank >= 0.0 && rank < 1e7 && !std::signbit(rank) && rank == std::floor(rank)) {
+  if (!std::signbit(rank) && rank < 1e7 && rank == std::floor(rank)) {
     std::string key = "0000000.0000";
     for (auto whole = static_cast<long>(rank), place = 6L; whole > 0; whole /= 10, --place) {
       key[static_cast<std::size_t>(place)] = static_cast<char>('0' + whole % 10);
