@@ -113,6 +113,20 @@ TEST_F(Factoring, FourTermsByGroupingWithBracketsOfEveryKind) {
   EXPECT_EQ(std::get<std::int32_t>(s.VarValues[0]), 7);
 }
 
+// Where the brackets have no value at the points tried (a root or a logarithm of a negative
+// number there), the values tell nothing and the simplification decides as before; the letters
+// the evaluation collected are given back.
+TEST_F(Factoring, FourTermsByGroupingWhereTheValuesCannotBeTaken) {
+  s.SubstitutionVars = {'q'};
+  s.SubstitutionCount = 1;
+  EXPECT_EQ(Factor("x*sqrt(y-2)-x+2*sqrt(y-2)-2"), "(sqrt(y-2)-1)*(x+2)");
+  EXPECT_EQ(Code(), kMethodGrouping);
+  EXPECT_EQ(Factor("x*ln(y-3)+x+ln(y-3)+1"), "(ln(y-3)+1)*(x+1)");
+  EXPECT_EQ(Code(), kMethodGrouping);
+  EXPECT_EQ(s.SubstitutionVars, std::vector<char>{'q'});
+  EXPECT_EQ(s.SubstitutionCount, 1);
+}
+
 TEST_F(Factoring, FourTermsWhoseGroupsShareNoBracketAreNotGrouped) {
   // The pairings give x*(x+1) and 2*(y+3), then x^2+2*y and x+6, then x^2+6 and 2*y+x: the
   // first two brackets differ in value, the others have no common factor.
