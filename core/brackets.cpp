@@ -55,8 +55,10 @@ int BracketNesting(std::string_view text) {
   return deepest;
 }
 
-std::string StripBrackets(std::string_view text) {
-  // One scan pairs every bracket, so that nested outer pairs come off in linear time.
+namespace {
+
+// One scan pairs every bracket, so that nested outer pairs come off in linear time.
+std::string StripDeepBrackets(std::string_view text) {
   const std::size_t n = text.size();
   std::vector<std::size_t> partner(n, n);
   std::vector<std::size_t> open;
@@ -75,6 +77,26 @@ std::string StripBrackets(std::string_view text) {
     --last;
   }
   return std::string(text.substr(first, last - first));
+}
+
+// Outer pairs peeled one at a time this many, each by a scan of its own; deeper nestings are
+// left to the single scan above.
+constexpr int kPeeledOneByOne = 4;
+
+}  // namespace
+
+std::string StripBrackets(std::string_view text) {
+  std::size_t first = 0;
+  std::size_t last = text.size();  // one past the end
+  for (int layer = 0; layer < kPeeledOneByOne; ++layer) {
+    if (last - first < 2 || !IsOpen(text[first]) ||
+        FindCloseBracket(text, static_cast<int>(first) + 1) != static_cast<int>(last)) {
+      return std::string(text.substr(first, last - first));
+    }
+    ++first;
+    --last;
+  }
+  return StripDeepBrackets(text.substr(first, last - first));
 }
 
 int FunctionNameAt(const Session& s, std::string_view text, int position) {

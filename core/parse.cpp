@@ -52,6 +52,17 @@ std::string Mid(std::string_view text, int a, int b) {
       text.substr(static_cast<std::size_t>(a - 1), static_cast<std::size_t>(b - a + 1)));
 }
 
+// Quick tests of one character, asked before the scans that would find nothing there: a number
+// begins with a digit or the decimal point (after a sign where signs belong to numbers), a
+// function with a character some function name begins with.
+bool MayStartUnsignedNumber(char c, char dp) { return IsAsciiDigit(c) || c == dp; }
+bool MayStartSignedNumber(char c, char dp) {
+  return MayStartUnsignedNumber(c, dp) || c == '+' || c == '-';
+}
+bool MayStartFunction(const Session& s, char c) {
+  return s.FunctionNameStarts[static_cast<unsigned char>(c)];
+}
+
 int CloseOrFail(std::string_view text, int p) {
   const int close = FindCloseBracket(text, p);
   if (close == 0) {
@@ -93,6 +104,7 @@ class Spans {
 
 void SumPass(const Session& s, std::string_view t, Spans& spans) {
   const int n = static_cast<int>(t.size());
+  const char dp = s.Dp();
   int p = 0;
   int start = 1;
   do {
@@ -100,7 +112,7 @@ void SumPass(const Session& s, std::string_view t, Spans& spans) {
     const char c = At(t, p);
     if (p <= n && (c == '(' || c == '[')) {
       p = CloseOrFail(t, p);
-    } else if (c != '+' && c != '-') {
+    } else if (MayStartUnsignedNumber(c, dp)) {
       if (const int end = NumberEnd(s, t, p); end != 0) p = end;  // keeps "1E-5" whole
     }
     if (((c == '+' || c == '-') && p >= 2) || p == n + 1) {
@@ -132,6 +144,7 @@ void MakeTerms(Session& s, NodeIdx n, std::string_view t, const Spans& spans) {
 
 void FactorPass(const Session& s, std::string_view t, Spans& spans) {
   const int n = static_cast<int>(t.size());
+  const char dp = s.Dp();
   int p = 0;
   int start = 1;
   do {
@@ -139,9 +152,11 @@ void FactorPass(const Session& s, std::string_view t, Spans& spans) {
     const char c = At(t, p);
     if (c == '(' || c == '[') {
       p = CloseOrFail(t, p);
-    } else if (const int number_end = NumberEnd(s, t, p); number_end != 0) {
+    } else if (const int number_end = MayStartSignedNumber(c, dp) ? NumberEnd(s, t, p) : 0;
+               number_end != 0) {
       p = number_end;  // a leading sign belongs to the number here
-    } else if (const int function_end = FunctionEnd(s, t, p); function_end != 0) {
+    } else if (const int function_end = MayStartFunction(s, c) ? FunctionEnd(s, t, p) : 0;
+               function_end != 0) {
       p = function_end;
     }
     if (c == '/' || c == '*') continue;  // the sign belongs to the factor that follows
@@ -335,13 +350,16 @@ void SplitPower(const Session& s, std::string_view text, std::string& base, std:
   const int n = static_cast<int>(text.size());
   int caret = 0;
   int p = 1;
+  const char dp = s.Dp();
   do {
     const char c = At(text, p);
     if (c == '(' || c == '[') {
       p = CloseOrFail(text, p);
-    } else if (const int number_end = NumberEnd(s, text, p); number_end != 0) {
+    } else if (const int number_end = MayStartSignedNumber(c, dp) ? NumberEnd(s, text, p) : 0;
+               number_end != 0) {
       p = number_end;
-    } else if (const int function_end = FunctionEnd(s, text, p); function_end != 0) {
+    } else if (const int function_end = MayStartFunction(s, c) ? FunctionEnd(s, text, p) : 0;
+               function_end != 0) {
       p = function_end;
     }
     if (p + 1 < n) caret = p + 1;

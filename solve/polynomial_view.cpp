@@ -2,7 +2,12 @@
 // stands in it.
 #include "solve/polynomial_view.h"
 
+#include <algorithm>
+#include <optional>
+#include <string_view>
+
 #include "core/brackets.h"
+#include "core/evaluate.h"
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/temp_tree.h"
@@ -79,16 +84,41 @@ void ClassifyTerm(Session& s, NodeIdx term, const std::string& unknown, TermSums
   sums.other += sign + text;
 }
 
+// The coefficient of a term written "u", "-u", "n*u" or "-n*u", where u is the divisor (the
+// unknown or its square, the unknown a letter that stands for no constant) and n a whole number
+// below 1E9 without leading zeros (from 1E9 up a number is written in the general form): the
+// quotient that expanding would give, read off the text. Nothing for any other term.
+std::optional<std::string> PlainCoefficient(const Session& s, std::string_view term,
+                                            std::string_view divisor) {
+  if (divisor.empty() || !IsAsciiLetter(divisor[0]) || IsConstantVar(s, divisor[0])) {
+    return std::nullopt;
+  }
+  const bool minus = !term.empty() && term[0] == '-';
+  if (minus) term.remove_prefix(1);
+  if (term.size() < divisor.size() || term.substr(term.size() - divisor.size()) != divisor) {
+    return std::nullopt;
+  }
+  term.remove_suffix(divisor.size());
+  if (term.empty()) return std::string(minus ? "-1" : "1");
+  if (term.back() != '*') return std::nullopt;
+  term.remove_suffix(1);
+  const bool whole = !term.empty() && term.size() <= 9 && term[0] != '0' &&
+                     std::all_of(term.begin(), term.end(), IsAsciiDigit);
+  if (!whole) return std::nullopt;
+  return (minus ? "-" : "") + std::string(term);
+}
+
 // "(terms)/x^n" expanded and simplified; "0" stays "0".
 std::string Coefficient(Session& s, const std::string& terms, const std::string& divisor) {
   if (terms == "0") return "0";
+  if (std::optional<std::string> plain = PlainCoefficient(s, terms, divisor)) return *plain;
   return ExpandedText(s, "(" + terms + ")/" + divisor);
 }
 
 }  // namespace
 
-PolynomialView ClassifyPolynomial(Session& s, const std::string& expression,
-                                  const std::string& unknown) {
+PolynomialView ClassifyTerms(Session& s, const std::string& expression,
+                             const std::string& unknown) {
   TermSums sums;
   {
     TempTree tree(s, StripBrackets(expression), TempTree::Depth::Whole);
@@ -111,13 +141,19 @@ PolynomialView ClassifyPolynomial(Session& s, const std::string& expression,
   view.ConstTerm = Tidy(sums.constant);
   view.NegConst = Tidy(sums.negated);
   view.OtherTerms = Tidy(sums.other);
+  return view;
+}
+
+PolynomialView ClassifyPolynomial(Session& s, const std::string& expression,
+                                  const std::string& unknown) {
+  PolynomialView view = ClassifyTerms(s, expression, unknown);
   view.QuadCoef = Coefficient(s, view.QuadTerms, unknown + "^2");
   view.LinCoef = Coefficient(s, view.LinTerms, unknown);
   return view;
 }
 
 std::string ConstantPart(Session& s, const std::string& expression, const std::string& unknown) {
-  return ClassifyPolynomial(s, expression, unknown).ConstTerm;
+  return ClassifyTerms(s, expression, unknown).ConstTerm;
 }
 
 }  // namespace tavimor

@@ -22,6 +22,9 @@ struct PolynomialView {
 // Sorts the terms of the expression by how the unknown stands in them.
 PolynomialView ClassifyPolynomial(Session& s, const std::string& expression,
                                   const std::string& unknown);
+// The same without the two coefficients (each an expansion of its own), for callers that read
+// only the sums of terms: QuadCoef and LinCoef stay "0".
+PolynomialView ClassifyTerms(Session& s, const std::string& expression, const std::string& unknown);
 // The terms free of the unknown.
 std::string ConstantPart(Session& s, const std::string& expression, const std::string& unknown);
 

@@ -353,7 +353,7 @@ class QuadraticSolve {
   // The flags of completing the square; false when the left side does not complete.
   bool PrepareSquare() {
     const PolynomialView right = ClassifyPolynomial(s_, run_.SavedRight, x_);
-    const PolynomialView left = ClassifyPolynomial(s_, run_.SavedLeft, x_);
+    const PolynomialView left = ClassifyTerms(s_, run_.SavedLeft, x_);  // its constants only
     const Coefficients k = CoefficientsOf(s_, run_.SavedLeft, x_);
     const bool right_has_terms = right.QuadCoef != "0" || right.LinCoef != "0";
     perfect_square_ = k.found && !right_has_terms && k.d == "0";

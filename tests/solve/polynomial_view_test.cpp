@@ -1,6 +1,10 @@
 // Tests of the polynomial view of an expression and of the driver's moves on both sides.
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include "manipulate/factor.h"
 #include "solve/equation_moves.h"
 #include "solve/polynomial_view.h"
 #include "support/session_fixture.h"
@@ -35,6 +39,35 @@ TEST_F(PolynomialViewTest, ASingleTermIsClassifiedWhole) {
   EXPECT_EQ(ClassifyPolynomial(s, "7", "x").ConstTerm, "7");
   EXPECT_EQ(ClassifyPolynomial(s, "0", "x").ConstTerm, "0");
   EXPECT_EQ(ClassifyPolynomial(s, "x*sin(x)", "x").OtherTerms, "x*sin(x)");
+}
+
+TEST_F(PolynomialViewTest, CoefficientsReadOffTheTextAreThoseOfTheExpansion) {
+  // A coefficient written as a whole number before the unknown (or its square) is read off the
+  // text; it must be the quotient that expanding gives, for every shape of term and letter.
+  const std::vector<std::string> numbers = {
+      "", "2", "17", "100", "999999999", "1000000000", "123456789012345", "0", "05"};
+  for (const char* letter_text : {"x", "y", "Q"}) {
+    const std::string letter = letter_text;
+    for (const std::string& power : {letter, letter + "^2"}) {
+      for (const std::string& n : numbers) {
+        for (const char* sign : {"", "-"}) {
+          const std::string term = std::string(sign) + (n.empty() ? "" : n + "*") + power;
+          const PolynomialView view = ClassifyPolynomial(s, term + "+1", letter);
+          const std::string& coefficient = power == letter ? view.LinCoef : view.QuadCoef;
+          EXPECT_EQ(coefficient, ExpandedText(s, "(" + term + ")/" + power)) << term;
+        }
+      }
+    }
+  }
+}
+
+TEST_F(PolynomialViewTest, CoefficientsNotWrittenPlainlyAreExpanded) {
+  EXPECT_EQ(ClassifyPolynomial(s, "0.5*x+3", "x").LinCoef, "0.5");
+  EXPECT_EQ(ClassifyPolynomial(s, "x/3+1", "x").LinCoef, "1/3");
+  EXPECT_EQ(ClassifyPolynomial(s, "2*x+3*x", "x").LinCoef, "5");
+  EXPECT_EQ(ClassifyPolynomial(s, "x^2-x^2+x", "x").QuadCoef, ExpandedText(s, "(x^2-x^2)/x^2"));
+  EXPECT_EQ(ClassifyTerms(s, "3*x^2-2*x+5", "x").QuadCoef, "0");  // not asked for
+  EXPECT_EQ(ClassifyTerms(s, "3*x^2-2*x+5", "x").ConstTerm, "5");
 }
 
 using EquationMoves = SessionTest;
