@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "core/node_pool.h"
@@ -23,6 +24,7 @@
 #include "simplify/function_values.h"
 #include "simplify/inverse_functions.h"
 #include "simplify/log_rules.h"
+#include "simplify/plain_quotient.h"
 #include "simplify/power_rules.h"
 #include "simplify/product_rules.h"
 #include "simplify/radical_rules.h"
@@ -156,6 +158,15 @@ bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
 }
 
 std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
+  // A quotient of whole numbers or of one letter's powers is read off its numbers.
+  if (std::optional<std::string> plain = PlainQuotient(s, text)) {
+    changed = *plain != text;
+    return *std::move(plain);
+  }
+  return SimplifyTextByRules(s, text, changed);
+}
+
+std::string SimplifyTextByRules(Session& s, const std::string& text, bool& changed) {
   ScopedOverride detail(s.DetailNow, std::int16_t{0});
   ScopedOverride message(s.Message);
   ScopedOverride help(s.HelpNumber);

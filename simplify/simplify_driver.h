@@ -38,6 +38,8 @@ void RaiseStepLevel(const std::string& message, int& level);
 // The simplify loop on a text, silently: DetailNow 0 and Message kept. `changed` tells whether
 // the text changed.
 std::string SimplifyText(Session& s, const std::string& text, bool& changed);
+// The same, always through the loop (SimplifyText reads some quotients off their numbers).
+std::string SimplifyTextByRules(Session& s, const std::string& text, bool& changed);
 std::string SimplifyText(Session& s, const std::string& text);
 
 // Questions about the value of a text, asked of its simplified form under ExactToFloat.
