@@ -1,6 +1,9 @@
 // Factoring: the place to factor, the chain of methods, the record, and the Factor button.
 #include "manipulate/factor.h"
 
+#include <optional>
+#include <utility>
+
 #include "core/input_split.h"
 #include "core/node_pool.h"
 #include "core/parse.h"
@@ -14,6 +17,7 @@
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/factor_texts.h"
+#include "simplify/plain_arithmetic.h"
 #include "simplify/simplify_driver.h"
 
 namespace tavimor {
@@ -43,6 +47,12 @@ NodeIdx PowerBase(const Session& s, NodeIdx power) { return s.Pool[s.Pool[power]
 }  // namespace
 
 std::string ExpandedText(Session& s, const std::string& text) {
+  // Arithmetic of whole numbers has nothing to expand: it is worked out.
+  if (std::optional<std::string> plain = PlainArithmetic(s, text)) return *std::move(plain);
+  return ExpandedTextByRules(s, text);
+}
+
+std::string ExpandedTextByRules(Session& s, const std::string& text) {
   TempTree tree(s, text, TempTree::Depth::Whole);
   ScopedOverride keep_detail(s.DetailNow, std::int16_t{0});
   ScopedOverride keep_message(s.Message);

@@ -52,6 +52,9 @@ bool IsConstantLetter(const Session& s, const std::string& letter);
 std::string InProductOrder(const std::string& first, const std::string& second);
 // The text expanded and simplified silently.
 std::string ExpandedText(Session& s, const std::string& text);
+// The same, always through the expansion and the loop (ExpandedText works out whole-number
+// arithmetic itself).
+std::string ExpandedTextByRules(Session& s, const std::string& text);
 
 // What a method found: its code, its own values for the narration (in the order its lines use
 // them), and the factored text of the part.

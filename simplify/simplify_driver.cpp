@@ -24,6 +24,7 @@
 #include "simplify/function_values.h"
 #include "simplify/inverse_functions.h"
 #include "simplify/log_rules.h"
+#include "simplify/plain_arithmetic.h"
 #include "simplify/plain_quotient.h"
 #include "simplify/power_rules.h"
 #include "simplify/product_rules.h"
@@ -158,7 +159,12 @@ bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
 }
 
 std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
-  // A quotient of whole numbers or of one letter's powers is read off its numbers.
+  // Arithmetic of whole numbers is worked out, and a quotient of one letter's powers read off its
+  // numbers.
+  if (std::optional<std::string> plain = PlainArithmetic(s, text)) {
+    changed = *plain != text;
+    return *std::move(plain);
+  }
   if (std::optional<std::string> plain = PlainQuotient(s, text)) {
     changed = *plain != text;
     return *std::move(plain);

@@ -1,0 +1,148 @@
+// Sums, products, quotients and whole powers of whole numbers, worked out without the rewrite
+// loop.
+#include "simplify/plain_arithmetic.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <numeric>
+#include <string_view>
+
+#include "core/expr_node.h"
+
+namespace tavimor {
+
+namespace {
+
+// Below 1E9 a whole number is written with all its digits, and the product of two is exact.
+constexpr std::int64_t kBound = 1'000'000'000;
+constexpr std::size_t kMostDigits = 9;
+constexpr int kMostExponent = 9;
+
+// p/q in lowest terms, q > 0.
+struct Fraction {
+  std::int64_t p = 0;
+  std::int64_t q = 1;
+};
+
+class Reader {
+ public:
+  Reader(std::string_view text, bool whole_only) : text_(text), whole_only_(whole_only) {}
+
+  // The value of the whole text, or nothing.
+  std::optional<Fraction> Whole() {
+    const std::optional<Fraction> value = Sum();
+    if (!value || at_ != text_.size()) return std::nullopt;
+    return value;
+  }
+
+ private:
+  char Peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+
+  // Lowest terms within the bound; in floating-point arithmetic whole numbers only.
+  std::optional<Fraction> Made(std::int64_t p, std::int64_t q) const {
+    if (q == 0) return std::nullopt;
+    if (q < 0) {
+      p = -p;
+      q = -q;
+    }
+    const std::int64_t g = std::gcd(p, q);
+    if (g > 1) {
+      p /= g;
+      q /= g;
+    }
+    if (std::llabs(p) >= kBound || q >= kBound || (whole_only_ && q != 1)) return std::nullopt;
+    return Fraction{p, q};
+  }
+
+  // sum := ["-"] term {("+" | "-") term}
+  std::optional<Fraction> Sum() {
+    bool minus = false;
+    if (Peek() == '-') {
+      minus = true;
+      ++at_;
+    }
+    std::optional<Fraction> value = Term();
+    if (!value) return std::nullopt;
+    if (minus) {
+      if (value->p == 0) return std::nullopt;  // "-0" is kept as written
+      value->p = -value->p;
+    }
+    while (Peek() == '+' || Peek() == '-') {
+      const bool subtract = Peek() == '-';
+      ++at_;
+      const std::optional<Fraction> next = Term();
+      if (!next) return std::nullopt;
+      const std::int64_t p = next->p * value->q;
+      value = Made(value->p * next->q + (subtract ? -p : p), value->q * next->q);
+      if (!value) return std::nullopt;
+    }
+    return value;
+  }
+
+  // term := power {("*" | "/") power}
+  std::optional<Fraction> Term() {
+    std::optional<Fraction> value = Power();
+    while (value && (Peek() == '*' || Peek() == '/')) {
+      const bool divide = Peek() == '/';
+      ++at_;
+      const std::optional<Fraction> next = Power();
+      if (!next) return std::nullopt;
+      value = divide ? Made(value->p * next->q, value->q * next->p)
+                     : Made(value->p * next->p, value->q * next->q);
+    }
+    return value;
+  }
+
+  // power := primary ["^" digit]
+  std::optional<Fraction> Power() {
+    const std::optional<Fraction> base = Primary();
+    if (!base || Peek() != '^') return base;
+    ++at_;
+    const char digit = Peek();
+    if (!IsAsciiDigit(digit) || digit - '0' > kMostExponent) return std::nullopt;
+    ++at_;
+    if (IsAsciiDigit(Peek()) || Peek() == '^') return std::nullopt;
+    const int exponent = digit - '0';
+    if (exponent == 0 && base->p == 0) return std::nullopt;
+    std::optional<Fraction> value = Fraction{1, 1};
+    for (int i = 0; i < exponent && value; ++i) {
+      value = Made(value->p * base->p, value->q * base->q);
+    }
+    return value;
+  }
+
+  // primary := whole number | "(" sum ")"
+  std::optional<Fraction> Primary() {
+    if (Peek() == '(') {
+      ++at_;
+      const std::optional<Fraction> value = Sum();
+      if (!value || Peek() != ')') return std::nullopt;
+      ++at_;
+      return value;
+    }
+    const std::size_t start = at_;
+    while (IsAsciiDigit(Peek())) ++at_;
+    const std::size_t digits = at_ - start;
+    if (digits == 0 || digits > kMostDigits || (text_[start] == '0' && digits > 1)) {
+      return std::nullopt;
+    }
+    std::int64_t value = 0;
+    for (std::size_t i = start; i < at_; ++i) value = value * 10 + (text_[i] - '0');
+    return Fraction{value, 1};
+  }
+
+  std::string_view text_;
+  bool whole_only_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
+std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text) {
+  const std::optional<Fraction> value = Reader(text, s.ExactToFloat).Whole();
+  if (!value) return std::nullopt;
+  if (value->q == 1) return std::to_string(value->p);
+  return std::to_string(value->p) + "/" + std::to_string(value->q);
+}
+
+}  // namespace tavimor

@@ -1,0 +1,19 @@
+// Sums, products, quotients and whole powers of whole numbers, worked out without the rewrite
+// loop.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/session.h"
+
+namespace tavimor {
+
+// The simplified form of a text of whole numbers below 1E9 joined by +, -, *, / and whole powers
+// up to the ninth, with brackets: the fraction in lowest terms ("-3/4") or the whole number the
+// rewrite loop would give. Nothing for any other text, and wherever the loop might write the
+// answer otherwise: a number of 1E9 or more along the way, a division by zero, 0^0, a sign after
+// an operator, a fraction in floating-point arithmetic.
+std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text);
+
+}  // namespace tavimor
