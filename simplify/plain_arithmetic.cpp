@@ -54,11 +54,11 @@ class Reader {
     return Fraction{p, q};
   }
 
-  // sum := ["-"] term {("+" | "-") term}
+  // sum := ["+" | "-"] term {("+" | "-") term}
   std::optional<Fraction> Sum() {
     bool minus = false;
-    if (Peek() == '-') {
-      minus = true;
+    if (Peek() == '-' || Peek() == '+') {
+      minus = Peek() == '-';
       ++at_;
     }
     std::optional<Fraction> value = Term();

@@ -27,7 +27,9 @@ class PlainArithmeticTest : public SessionTest {
     }
     const std::string a = RandomText(random, depth - 1);
     const std::string b = RandomText(random, depth - 1);
-    switch (pick(7)) {
+    switch (pick(9)) {
+      case 7: return "+" + a + "+" + b;  // as exponents are summed: "+1+1"
+      case 8: return "(+" + a + ")*" + b;
       case 0: return a + "+" + b;
       case 1: return a + "-" + b;
       case 2: return "(" + a + ")*(" + b + ")";
@@ -81,10 +83,14 @@ TEST_F(PlainArithmeticTest, WorksOutTheUsualForms) {
   EXPECT_EQ(PlainArithmetic(s, "(-3)*(-3)-4*(1)*(6)"), "-15");
   EXPECT_EQ(PlainArithmetic(s, "-(3/6)"), "-1/2");
   EXPECT_EQ(PlainArithmetic(s, "5-5"), "0");
+  EXPECT_EQ(PlainArithmetic(s, "+1+1"), "2");
+  EXPECT_EQ(PlainArithmetic(s, "+1-1"), "0");
+  bool changed = false;
+  EXPECT_EQ(PlainArithmetic(s, "+2"), SimplifyTextByRules(s, "+2", changed));
 }
 
 TEST_F(PlainArithmeticTest, OtherTextsGoThroughTheLoop) {
-  for (const char* text : {"x+1",         "2*x",     "6/0",   "0^0",   "2*-3", "6/-2", "+2",
+  for (const char* text : {"x+1",         "2*x",     "6/0",   "0^0",   "2*-3", "6/-2", "2*+3",
                            "2^-1",        "2^10",    "2^2^2", "1.5+1", "1E5",  "06",   "1000000000",
                            "99999*99999", "40000^2", "2(3)",  "(2",    "2)",   ""}) {
     EXPECT_FALSE(PlainArithmetic(s, text)) << text;
