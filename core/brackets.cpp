@@ -106,11 +106,11 @@ int FunctionNameAt(const Session& s, std::string_view text, int position) {
   if (start >= text.size()) return 0;
   const char first = text[start];
   if (!s.FunctionNameStarts[static_cast<unsigned char>(first)]) return 0;
+  const std::string_view rest = text.substr(start);
   for (int i = 1; i <= kFunctionCount; ++i) {
     const std::string& name = s.FunctionNames[static_cast<std::size_t>(i)];
-    if (!name.empty() && name[0] == first && text.substr(start, name.size()) == name) {
-      found = i;
-    }
+    // The first letter is compared before the rest is.
+    if (!name.empty() && name[0] == first && rest.starts_with(name)) found = i;
   }
   return found;
 }

@@ -2,6 +2,7 @@
 // and its denominator; and the factors of a product read as bases with whole exponents.
 #include "manipulate/factor_fraction.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -79,6 +80,9 @@ bool FlipOne(Session& s, std::string& factor, const std::vector<std::string>& ot
   const int n = WholeExponent(s, factor, base);
   const std::string content = SumContent(s, base);
   if (content.empty()) return false;
+  // The negative is a bracket: a factor without one cannot be it, and then it is not worked out.
+  const auto has_bracket = [](const std::string& other) { return other.find('(') != other.npos; };
+  if (std::none_of(others.begin(), others.end(), has_bracket)) return false;
   const std::string negated = "(" + NegatedSum(s, content) + ")";
   for (const std::string& other : others) {
     if (FactorBase(s, other) != negated) continue;

@@ -17,6 +17,7 @@ namespace {
 constexpr std::int64_t kBound = 1'000'000'000;
 constexpr std::size_t kMostDigits = 9;
 constexpr int kMostExponent = 9;
+constexpr std::int64_t kFinestBinaryFraction = 1024;
 
 // p/q in lowest terms, q > 0.
 struct Fraction {
@@ -26,19 +27,20 @@ struct Fraction {
 
 class Reader {
  public:
-  Reader(std::string_view text, bool whole_only) : text_(text), whole_only_(whole_only) {}
+  Reader(std::string_view text, bool floating) : text_(text), floating_(floating) {}
 
   // The value of the whole text, or nothing.
   std::optional<Fraction> Whole() {
     const std::optional<Fraction> value = Sum();
     if (!value || at_ != text_.size()) return std::nullopt;
+    if (floating_ && value->q != 1) return std::nullopt;  // a decimal is written by the loop
     return value;
   }
 
  private:
   char Peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
 
-  // Lowest terms within the bound; in floating-point arithmetic whole numbers only.
+  // Lowest terms within the bound.
   std::optional<Fraction> Made(std::int64_t p, std::int64_t q) const {
     if (q == 0) return std::nullopt;
     if (q < 0) {
@@ -50,7 +52,10 @@ class Reader {
       p /= g;
       q /= g;
     }
-    if (std::llabs(p) >= kBound || q >= kBound || (whole_only_ && q != 1)) return std::nullopt;
+    if (std::llabs(p) >= kBound || q >= kBound) return std::nullopt;
+    // In floating point a half, a quarter, ... down to 1/1024 is held exactly, each step's
+    // value written in full: the order of the steps cannot change the answer.
+    if (floating_ && (q > kFinestBinaryFraction || (q & (q - 1)) != 0)) return std::nullopt;
     return Fraction{p, q};
   }
 
@@ -132,7 +137,7 @@ class Reader {
   }
 
   std::string_view text_;
-  bool whole_only_;
+  bool floating_;
   std::size_t at_ = 0;
 };
 

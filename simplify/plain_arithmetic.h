@@ -13,7 +13,9 @@ namespace tavimor {
 // up to the ninth, with brackets: the fraction in lowest terms ("-3/4") or the whole number the
 // rewrite loop would give. Nothing for any other text, and wherever the loop might write the
 // answer otherwise: a number of 1E9 or more along the way, a division by zero, 0^0, a sign after
-// an operator, a fraction in floating-point arithmetic. A sign may open the text or a bracket.
+// an operator. A sign may open the text or a bracket. In floating-point arithmetic only halves,
+// quarters and so on down to 1/1024 may occur along the way (each held exactly), and the answer
+// must be whole.
 std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text);
 
 }  // namespace tavimor

@@ -62,6 +62,27 @@ class PlainArithmeticTest : public SessionTest {
 
 TEST_F(PlainArithmeticTest, EveryAnswerIsTheLoops) { EXPECT_GT(CheckRandom(1, 3000), 1500); }
 
+TEST_F(PlainArithmeticTest, HalvesAndQuartersInFloatingPointAreTheLoops) {
+  s.ExactToFloat = true;
+  std::mt19937 random(11);
+  int worked = 0;
+  for (int i = 0; i < 2000; ++i) {
+    const auto pick = [&random](int n) {
+      return std::to_string(random() % static_cast<unsigned>(n));
+    };
+    const std::string text = pick(9) + "*(" + pick(9) + "/" + std::to_string(1 << (random() % 4)) +
+                             ")^" + pick(3) + "-" + pick(9) + "*(" + pick(5) + "/" +
+                             std::to_string(1 << (random() % 3)) + ")+" + pick(20);
+    const std::optional<std::string> plain = PlainArithmetic(s, text);
+    if (!plain) continue;
+    ++worked;
+    bool changed = false;
+    s.RewriteCount = 0;
+    EXPECT_EQ(*plain, SimplifyTextByRules(s, text, changed)) << text;
+  }
+  EXPECT_GT(worked, 200);
+}
+
 TEST_F(PlainArithmeticTest, TheAnswersStandUnderEveryOption) {
   const std::vector<std::function<void()>> settings = {
       [this] { s.ExactToFloat = true; },
@@ -97,7 +118,10 @@ TEST_F(PlainArithmeticTest, OtherTextsGoThroughTheLoop) {
   }
   s.ExactToFloat = true;
   EXPECT_FALSE(PlainArithmetic(s, "1/3*3"));  // 0.333333333333333*3 in floating point
+  EXPECT_FALSE(PlainArithmetic(s, "1/2"));    // 0.5, written by the loop
+  EXPECT_FALSE(PlainArithmetic(s, "1/2048*2048"));
   EXPECT_EQ(PlainArithmetic(s, "6/3+1"), "3");
+  EXPECT_EQ(PlainArithmetic(s, "2*(1/2)^2+3*(1/2)-2"), "0");
 }
 
 }  // namespace
