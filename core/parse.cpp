@@ -208,10 +208,10 @@ void MergePowers(Entries& entries) {
 }
 
 // One letter, or digits that make one number.
-bool IsPlainLeaf(const Session& s, std::string_view t) {
+bool IsPlainLeaf(std::string_view t) {
   if (t.size() == 1 && IsAsciiLetter(t[0])) return true;
-  if (t.empty() || !std::all_of(t.begin(), t.end(), IsAsciiDigit)) return false;
-  return NumberEnd(s, t, 1) == static_cast<int>(t.size());
+  // Digits alone are always one number, whatever the decimal point.
+  return !t.empty() && std::all_of(t.begin(), t.end(), IsAsciiDigit);
 }
 
 void MakeChildren(Session& s, NodeIdx n, Entries& entries) {
@@ -274,14 +274,14 @@ void ParseOne(Session& s, NodeIdx n) {
     if (node.Kind == kKindNumber || node.Kind == kKindVariable || node.FirstChild != kNoNode)
       return;
   }
-  std::string t = s.Pool[n].Text;
-  bool in_container = false;
   // A letter or a whole number alone is a leaf as it stands: the passes below would find one term
   // of one factor in it.
-  if (IsPlainLeaf(s, t)) {
-    s.Pool[n].Kind = IsAsciiLetter(t[0]) ? kKindVariable : kKindNumber;
+  if (const std::string& text = s.Pool[n].Text; IsPlainLeaf(text)) {
+    s.Pool[n].Kind = IsAsciiLetter(text[0]) ? kKindVariable : kKindNumber;
     return;
   }
+  std::string t = s.Pool[n].Text;
+  bool in_container = false;
   for (;;) {
     Spans terms;
     SumPass(s, t, terms);

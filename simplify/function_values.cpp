@@ -172,6 +172,8 @@ bool InverseSpecialValue(Session& s, NodeIdx& slot, const std::string& f) {
 
 // 10^n in the number form, n from -10 to 10, matched against the argument of log.
 bool LogOfPowerOfTen(const Session& s, const std::string& x, int& n) {
+  // Every text below opens with the 1 of its power of ten: others are passed over unformatted.
+  if (x.empty() || x[0] != '1') return false;
   for (int k = 1; k <= 10; ++k) {
     const std::string power = FormatValue(s, std::pow(10.0, k));
     if (x == power) {

@@ -214,6 +214,14 @@ std::string FunctionNameOf(const std::string& text) {
 }
 
 bool CancelInverseText(Session& s, NodeIdx& slot) {
+  // Every form below opens with "sqrt(", "log(", "ln(", "10^" or "e^": others are passed over
+  // before their text is copied.
+  {
+    const std::string& text = s.Pool[slot].Text;
+    if (text.empty() || (text[0] != 's' && text[0] != 'l' && text[0] != '1' && text[0] != 'e')) {
+      return false;
+    }
+  }
   const std::string old_text = s.Pool[slot].Text;
   std::string x;
   std::string stem;
