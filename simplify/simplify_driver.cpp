@@ -119,9 +119,16 @@ void RaiseStepLevel(const std::string& message, int& level) {
 }
 
 bool ApplyPassAtNode(Session& s, NodeIdx& slot, int pass) {
-  for (const PassRow& row : kPasses) {
-    if (row.pass != pass || !Matches(s, slot, row.where)) continue;
-    for (const RewriteRule rule : row.rules) {
+  // The rows of each pass, in the table's order, found once.
+  static const std::array<std::vector<const PassRow*>, 11> rows_of_pass = [] {
+    std::array<std::vector<const PassRow*>, 11> rows;
+    for (const PassRow& row : kPasses) rows[static_cast<std::size_t>(row.pass)].push_back(&row);
+    return rows;
+  }();
+  if (pass < 1 || pass > 10) return false;
+  for (const PassRow* row : rows_of_pass[static_cast<std::size_t>(pass)]) {
+    if (!Matches(s, slot, row->where)) continue;
+    for (const RewriteRule rule : row->rules) {
       if (rule(s, slot)) return true;
     }
   }
