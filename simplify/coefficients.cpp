@@ -1,6 +1,7 @@
 // Numeric coefficients of terms: reading them exactly and writing a coefficient with its texts.
 #include "simplify/coefficients.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/number_format.h"
@@ -33,8 +34,16 @@ std::string FormatValue(const Session& s, double value) {
     if (digits.size() > 1) text += s.DecimalPoint + digits.substr(1);
     return text + "E" + std::to_string(exponent);
   }
-  const std::string text = NormaliseNumberText(s, GeneralNumberFormat(value, s.Dp()));
-  return text.empty() ? GeneralNumberFormat(value, s.Dp()) : text;
+  // Below 1E9 and without a power of ten the general form is its own normal form (its 15 figures
+  // read back as the same 15 figures): it is not read back and written again.
+  std::string general = GeneralNumberFormat(value, s.Dp());
+  if (general.find('E') == std::string::npos) {
+    const std::size_t start = general[0] == '-' ? 1 : 0;
+    const std::size_t point = std::min(general.find(s.Dp()), general.size());
+    if (point - start <= 9) return general;
+  }
+  const std::string text = NormaliseNumberText(s, general);
+  return text.empty() ? general : text;
 }
 
 std::string FormatCoefficient(const Session& s, double a, double b, const std::string& numerator,

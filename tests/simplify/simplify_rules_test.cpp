@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 
 #include "core/number_format.h"
 #include "core/number_text.h"
@@ -141,6 +142,31 @@ TEST_F(Simplify, WholeNumbersAreWrittenInTheGeneralForm) {
     for (const double v : {1e9, 1e9 + 1.0, 4444444444.0, 444444444444.0, 120000000000.0,
                            999999999999999.0, 123456789012345.0, 100000000000000.0, -7e12,
                            -98765432100.0, 1e15, 1e16, 2.5e9, 1234.0, -17.0}) {
+      const std::string general = NormaliseNumberText(s, GeneralNumberFormat(v, s.Dp()));
+      EXPECT_EQ(FormatValue(s, v), general.empty() ? GeneralNumberFormat(v, s.Dp()) : general) << v;
+    }
+  }
+}
+
+TEST_F(Simplify, FractionalNumbersAreWrittenInTheirNormalForm) {
+  // Numbers with a fractional part, of every size, are written as the general form normalised,
+  // whether or not the normalising is skipped for them.
+  std::mt19937_64 random(5);
+  std::uniform_real_distribution<double> mantissa(1.0, 10.0);
+  for (const std::string point : {".", ","}) {
+    s.DecimalPoint = point;
+    for (int exponent = -16; exponent <= 16; ++exponent) {
+      for (int i = 0; i < 200; ++i) {
+        double v = mantissa(random) * std::pow(10.0, exponent);
+        if (i % 2 == 1) v = -v;
+        if (i % 7 == 0) v = std::nextafter(std::pow(10.0, exponent), 0.0);  // 9.99...9
+        const std::string general = NormaliseNumberText(s, GeneralNumberFormat(v, s.Dp()));
+        EXPECT_EQ(FormatValue(s, v), general.empty() ? GeneralNumberFormat(v, s.Dp()) : general)
+            << v;
+      }
+    }
+    for (const double v : {999999999.9999995, 999999999.99, 0.0001, 0.00012345, 1e-5, 0.5, -0.25,
+                           123456.789, 1.0 / 3.0, 2.0 / 3.0, 1e9 - 0.5}) {
       const std::string general = NormaliseNumberText(s, GeneralNumberFormat(v, s.Dp()));
       EXPECT_EQ(FormatValue(s, v), general.empty() ? GeneralNumberFormat(v, s.Dp()) : general) << v;
     }
