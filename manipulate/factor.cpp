@@ -57,8 +57,9 @@ std::string ExpandedTextByRules(Session& s, const std::string& text) {
   ScopedOverride keep_detail(s.DetailNow, std::int16_t{0});
   ScopedOverride keep_message(s.Message);
   ScopedOverride keep_mode(s.ExpandMode, std::int16_t{1});
-  ExpandTree(s, tree.RootSlot());
-  SimplifyTreeSilently(s, tree.RootSlot());
+  // The expansion opens with the same silent loop: when nothing was multiplied out, the tree is
+  // already where the loop leaves it, and running it again would change nothing.
+  if (ExpandTree(s, tree.RootSlot())) SimplifyTreeSilently(s, tree.RootSlot());
   return s.Pool[tree.RootSlot()].Text;
 }
 
