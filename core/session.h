@@ -23,6 +23,14 @@ inline constexpr const char* kFactoryGraphParms =
 struct SysEqState;
 struct SetSides;
 
+// One node of a tree parsed from a text, kept in pre-order (core/parse_cache.h).
+struct ParsedNode {
+  char kind = ' ';
+  char role = ' ';
+  std::int16_t children = 0;
+  std::string text;
+};
+
 // One row of the equations of the work item: left side, right side, two columns of graph data.
 using EquationRow = std::array<std::string, 4>;
 
@@ -124,6 +132,9 @@ struct CommandState {
   // options they were worked out under: the rule asks the same of every fraction at each pass of
   // the simplify loop. Dropped at every load.
   std::unordered_map<std::string, std::string> FactoredSums;
+  // Texts parsed whole into short-lived trees (core/parse_cache.h), by the text and what its
+  // reading depends on: a step asks several questions of the same side. Dropped at every load.
+  std::unordered_map<std::string, std::vector<ParsedNode>> ParsedTexts;
   // The sides the typesetter set as text for a front end that paints no drawings
   // (present/text_picture.h), by their text, for the item loaded: a step shows the same
   // mathematics more than once (the sum it names, then its terms; the result, then the next step).

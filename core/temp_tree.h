@@ -5,6 +5,7 @@
 
 #include "core/node_pool.h"
 #include "core/parse.h"
+#include "core/parse_cache.h"
 
 namespace tavimor {
 
@@ -19,7 +20,7 @@ class TempTree {
       if (depth == Depth::OneLevel) {
         ParseOne(s_, root_);
       } else {
-        ParseTree(s_, root_);
+        ParseTreeKept(s_, root_);
       }
     } catch (...) {
       Release();  // the destructor does not run for a tree that was never made

@@ -569,6 +569,15 @@ TEST_F(MainFlow, SumsFactoredForAnItemAreDroppedAtTheNextLoad) {
   EXPECT_TRUE(s.FactoredSums.empty());
 }
 
+TEST_F(MainFlow, TextsParsedForAnItemAreDroppedAtTheNextLoad) {
+  ASSERT_TRUE(Load("x^2-5x+6=0"));
+  std::string error;
+  ASSERT_EQ(PressButton(s, "cmdAutoSolve", false, error), PressOutcome::Done);
+  EXPECT_FALSE(s.ParsedTexts.empty());
+  ASSERT_TRUE(Load("x^2-5x+6=0"));
+  EXPECT_TRUE(s.ParsedTexts.empty());
+}
+
 TEST_F(MainFlow, AFailedLoadKeepsThePreviousItemWhole) {
   ASSERT_TRUE(Load("2x+3x=10"));
   cmdDoLHS(s);

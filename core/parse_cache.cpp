@@ -1,0 +1,86 @@
+// Trees parsed whole from a text, kept for the item and copied into place when the text comes
+// again.
+#include "core/parse_cache.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "core/node_pool.h"
+#include "core/parse.h"
+
+namespace tavimor {
+
+namespace {
+
+// What reading a text depends on besides the text: the decimal point, and whether the function
+// names are known yet.
+std::string KeyOf(const Session& s, const std::string& text) {
+  std::string key;
+  key.reserve(text.size() + 2);
+  key += s.Dp();
+  key += s.FunctionNames[1].empty() ? '0' : '1';
+  key += text;
+  return key;
+}
+
+// The tree below `root` (the root included) in pre-order.
+std::vector<ParsedNode> Flatten(const Session& s, NodeIdx root) {
+  std::vector<ParsedNode> nodes;
+  std::vector<NodeIdx> stack{root};
+  WalkGuard guard;
+  while (!stack.empty()) {
+    guard.Step();
+    const NodeIdx n = stack.back();
+    stack.pop_back();
+    const ExprNode& node = s.Pool[n];
+    ParsedNode kept;
+    kept.kind = node.Kind;
+    kept.role = node.Role;
+    kept.text = node.Text;
+    const std::size_t first_child = stack.size();
+    for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+      stack.push_back(c);
+      ++kept.children;
+    }
+    // The first child is visited first.
+    std::reverse(stack.begin() + static_cast<std::ptrdiff_t>(first_child), stack.end());
+    nodes.push_back(std::move(kept));
+  }
+  return nodes;
+}
+
+// The kept tree built below `root`, whose own kind and text it takes.
+void CopyInto(Session& s, NodeIdx root, const std::vector<ParsedNode>& nodes) {
+  s.Pool[root].Kind = nodes.front().kind;
+  s.Pool[root].Text = nodes.front().text;
+  // The nodes still waiting for children, each with how many it waits for.
+  std::vector<std::pair<NodeIdx, std::int16_t>> open{{root, nodes.front().children}};
+  for (std::size_t i = 1; i < nodes.size(); ++i) {
+    while (open.back().second == 0) open.pop_back();
+    const NodeIdx child = NewNode(s);
+    AppendChild(s, open.back().first, child);
+    --open.back().second;
+    ExprNode& node = s.Pool[child];
+    node.Kind = nodes[i].kind;
+    node.Role = nodes[i].role;
+    node.Text = nodes[i].text;
+    open.emplace_back(child, nodes[i].children);
+  }
+}
+
+}  // namespace
+
+void ParseTreeKept(Session& s, NodeIdx root) {
+  std::string key = KeyOf(s, s.Pool[root].Text);
+  if (const auto kept = s.ParsedTexts.find(key); kept != s.ParsedTexts.end()) {
+    CopyInto(s, root, kept->second);
+    return;
+  }
+  ParseTree(s, root);
+  if (s.Pool[root].FirstChild == kNoNode) return;  // a leaf is read as quickly as copied
+  if (s.ParsedTexts.size() >= kKeptParsedTexts) s.ParsedTexts.clear();
+  s.ParsedTexts.emplace(std::move(key), Flatten(s, root));
+}
+
+}  // namespace tavimor
