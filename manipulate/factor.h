@@ -2,6 +2,7 @@
 // is told from, and the Factor button's engine.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,6 +93,9 @@ bool FactorPart(Session& s, NodeIdx& root, NodeIdx part, int place, std::string&
 bool FactorByAlias(Session& s, const std::string& part, const std::string& mode,
                    FactorFinding& found);
 bool FactorCommon(Session& s, const std::string& part, int depth, FactorFinding& found);
+// The factor FactorCommon takes out (with the minus of the first term), without dividing the terms
+// by it; nothing when it is 1 or the text has fewer than two terms.
+std::optional<std::string> CommonFactorOf(Session& s, const std::string& part, int depth);
 bool FactorSquares(Session& s, const std::string& part, FactorFinding& found);
 bool FactorCubes(Session& s, const std::string& part, FactorFinding& found);
 bool FactorGrouping(Session& s, const std::string& part, FactorFinding& found);

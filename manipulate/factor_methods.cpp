@@ -148,10 +148,9 @@ std::string CountWord(std::size_t n) { return std::to_string(n); }
 
 }  // namespace
 
-// ab+ac -> a*(b+c)   help 66, 67 with a minus taken out
-bool FactorCommon(Session& s, const std::string& part, int depth, FactorFinding& found) {
+std::optional<std::string> CommonFactorOf(Session& s, const std::string& part, int depth) {
   const std::vector<SignedTerm> signed_terms = SignedTerms(s, part);
-  if (signed_terms.size() < 2) return false;
+  if (signed_terms.size() < 2) return std::nullopt;
   std::vector<std::vector<LiteralFactor>> literals;
   std::vector<double> numerators;
   std::vector<double> denominators;
@@ -187,10 +186,17 @@ bool FactorCommon(Session& s, const std::string& part, int depth, FactorFinding&
   if (numerator != 1) above.insert(above.begin(), std::to_string(numerator));
   if (denominator != 1) below.insert(below.begin(), std::to_string(denominator));
   std::string factor = JoinFactors(above, below);
-  if (factor == "1") return false;
-  const bool minus = signed_terms[0].minus;
-  found.code = minus ? kMethodCommonMinus : kMethodCommon;
-  if (minus) factor = "-" + factor;
+  if (factor == "1") return std::nullopt;
+  return signed_terms[0].minus ? "-" + factor : factor;
+}
+
+// ab+ac -> a*(b+c)   help 66, 67 with a minus taken out
+bool FactorCommon(Session& s, const std::string& part, int depth, FactorFinding& found) {
+  const std::optional<std::string> common = CommonFactorOf(s, part, depth);
+  if (!common) return false;
+  const std::string& factor = *common;
+  const std::vector<SignedTerm> signed_terms = SignedTerms(s, part);
+  found.code = signed_terms[0].minus ? kMethodCommonMinus : kMethodCommon;
   std::vector<std::string> quotients;
   std::vector<std::string> dots;
   for (const SignedTerm& term : signed_terms) {

@@ -104,9 +104,9 @@ CommonFactorFinding FindCommonFactor(Session& s, const std::string& left, const 
     whole = terms.empty() ? "0" : JoinTerms(terms);
   }
   CommonFactorFinding finding;
-  FactorFinding found;
-  if (!FactorCommon(s, whole, 2, found) || found.values.empty()) return finding;
-  finding.factor = found.values.front();
+  const std::optional<std::string> factor = CommonFactorOf(s, whole, 2);
+  if (!factor) return finding;
+  finding.factor = *factor;
   finding.occurrences = CountOccurrences(s, finding.factor, unknown);
   return finding;
 }

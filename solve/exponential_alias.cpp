@@ -132,12 +132,9 @@ CommonExponent FindCommonExponent(Session& s, const std::string& text, const std
     for (const std::string& part : parts) {
       terms.push_back(IsSumText(s, part) ? "(" + part + ")" : part);
     }
-    FactorFinding factor;
-    if (!FactorCommon(s, JoinTerms(terms), 2, factor) || factor.values.empty() ||
-        factor.values.front() == "1") {
-      return found;
-    }
-    u = factor.values.front();
+    const std::optional<std::string> factor = CommonFactorOf(s, JoinTerms(terms), 2);
+    if (!factor || *factor == "1") return found;
+    u = *factor;
   }
   // Each exponent a whole multiple of U; all of them negative: U takes the minus.
   bool all_negative = true;

@@ -164,10 +164,10 @@ bool FindCommonAngle(Session& s, const std::vector<std::string>& arguments,
     const std::string c = ConstantPart(s, argument, unknown);
     parts.push_back(c == "0" ? argument : SimplifyText(s, "(" + argument + ")-(" + c + ")"));
   }
-  FactorFinding found;
-  if (!FactorCommon(s, JoinTerms(parts), 2, found) || found.values.empty()) return false;
+  const std::optional<std::string> common = CommonFactorOf(s, JoinTerms(parts), 2);
+  if (!common) return false;
   // The common factor without its number: the common rest.
-  std::string rest = found.values.front();
+  std::string rest = *common;
   {
     TempTree tree(s, rest, TempTree::Depth::OneLevel);
     const NodeIdx first = tree[tree.Root()].FirstChild;
