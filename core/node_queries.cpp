@@ -9,26 +9,27 @@ namespace tavimor {
 
 namespace {
 
-// Post-order over the subtree, the node last, without recursion.
+// Post-order over the subtree (each family left to right, every node after its children, the
+// node last), along the links: without recursion and without a stack. `visit` only reads.
 template <typename Visit>
 void PostOrder(const Session& s, NodeIdx n, Visit visit) {
-  std::vector<std::pair<NodeIdx, bool>> stack{{n, false}};
   WalkGuard guard;
-  while (!stack.empty()) {
-    guard.Step();
-    auto [node, expanded] = stack.back();
-    stack.pop_back();
-    if (expanded) {
-      visit(node);
-      continue;
-    }
-    stack.emplace_back(node, true);
-    std::vector<NodeIdx> children;
-    for (NodeIdx c = s.Pool[node].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+  NodeIdx cur = n;
+  for (;;) {
+    while (s.Pool[cur].FirstChild != kNoNode) {  // down to the first leaf
       guard.Step();
-      children.push_back(c);
+      cur = s.Pool[cur].FirstChild;
     }
-    for (auto it = children.rbegin(); it != children.rend(); ++it) stack.emplace_back(*it, false);
+    for (;;) {  // this node is done: on to its next sibling's subtree, or up to its parent
+      guard.Step();
+      visit(cur);
+      if (cur == n) return;
+      if (s.Pool[cur].Next != kNoNode) {
+        cur = s.Pool[cur].Next;
+        break;
+      }
+      cur = ParentOf(s, cur);
+    }
   }
 }
 
