@@ -55,11 +55,32 @@ int CountContentFactors(const Session& s, NodeIdx n) {
   return count;
 }
 
+// Whether a factor carries a sign the rule below gathers: a sign standing alone, a signed
+// number, or a bracket that opens with a sign around a product or a single quantity.
+bool CarriesSign(const Session& s, NodeIdx c) {
+  const ExprNode& factor = s.Pool[c];
+  if (IsPseudoSign(factor)) return true;
+  if (IsNumberLeaf(factor)) return factor.Text[0] == '-' || factor.Text[0] == '+';
+  return IsBracketNode(factor) && factor.FirstChild != kNoNode && factor.Text.size() > 3 &&
+         (factor.Text[1] == '-' || factor.Text[1] == '+') &&
+         (s.Pool[factor.FirstChild].Role == kRoleNone || HoldsProduct(s, c));
+}
+
+// Whether some factor of the product passes `test`; the rules below look before they build.
+template <typename Test>
+bool AnyFactor(const Session& s, NodeIdx n, Test test) {
+  for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+    if (test(c)) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 // -(-x) -> x: signs of the factors gathered into one sign at the front (help 15).
 bool CollapseProductSigns(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
+  if (!AnyFactor(s, n, [&s](NodeIdx c) { return CarriesSign(s, c); })) return false;
   const std::string old_text = ContentText(s.Pool[n]);
   int pluses = 0;
   int minuses = 0;
@@ -141,12 +162,17 @@ bool CollapseProductSigns(Session& s, NodeIdx& slot) {
 // a*(b*c) -> a*b*c: brackets around a product without a fraction in it (help 16).
 bool DropProductBrackets(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
+  const auto droppable = [&s](NodeIdx c) {
+    const ExprNode& factor = s.Pool[c];
+    return IsBracketNode(factor) && HoldsProduct(s, c) && !HoldsFraction(s, c) &&
+           factor.Text.size() > 1 && factor.Text[1] != '-' && factor.Text[1] != '+';
+  };
+  if (!AnyFactor(s, n, droppable)) return false;
   FactorTexts texts;
   bool dropped = false;
   for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
     const ExprNode& factor = s.Pool[c];
-    if (IsBracketNode(factor) && HoldsProduct(s, c) && !HoldsFraction(s, c) &&
-        factor.Text.size() > 1 && factor.Text[1] != '-' && factor.Text[1] != '+') {
+    if (droppable(c)) {
       AddContent(s, c, factor.Role == kRoleDenominator, texts);
       dropped = true;
     } else {
@@ -163,13 +189,18 @@ bool DropProductBrackets(Session& s, NodeIdx& slot) {
 // a/(b/c) -> a*c/b: division by a fraction is multiplication by its reciprocal (help 17).
 bool DivideByFraction(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
+  const auto divides_by_fraction = [&s](NodeIdx c) {
+    const ExprNode& factor = s.Pool[c];
+    return factor.Role == kRoleDenominator && IsBracketNode(factor) && HoldsFraction(s, c);
+  };
+  if (!AnyFactor(s, n, divides_by_fraction)) return false;
   const std::string old_text = ContentText(s.Pool[n]);
   FactorTexts texts;
   StepParts parts;
   AddStepPart(parts, "Simplify the term @" + old_text + "@ by:|");
   for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
     const ExprNode& factor = s.Pool[c];
-    if (factor.Role == kRoleDenominator && IsBracketNode(factor) && HoldsFraction(s, c)) {
+    if (divides_by_fraction(c)) {
       AddContent(s, c, true, texts);
       AddStepPart(parts, "replacing the division by the fraction @" + ContentText(factor) +
                              "@ by the multiplication by its reciprocal.|");
@@ -186,12 +217,17 @@ bool DivideByFraction(Session& s, NodeIdx& slot) {
 // (a/b)*(c/d) -> a*c/b/d: numerators multiplied and denominators multiplied (help 18).
 bool MultiplyFractions(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
+  const auto is_fraction = [&s](NodeIdx c) {
+    const ExprNode& factor = s.Pool[c];
+    return factor.Role == kRoleNumerator && IsBracketNode(factor) && HoldsFraction(s, c);
+  };
+  if (!AnyFactor(s, n, is_fraction)) return false;
   int fractions = 0;
   int others = 0;
   FactorTexts texts;
   for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
     const ExprNode& factor = s.Pool[c];
-    if (factor.Role == kRoleNumerator && IsBracketNode(factor) && HoldsFraction(s, c)) {
+    if (is_fraction(c)) {
       ++fractions;
       AddContent(s, c, false, texts);
     } else {
