@@ -236,7 +236,17 @@ bool FactorFractionRule(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
   const NodeIdx first = s.Pool[n].FirstChild;
   if (first == kNoNode || !IsProductRole(s.Pool[first].Role)) return false;
-  // The factors; nothing to do without a denominator, or without a sum to factor.
+  // Nothing to do without a denominator, or without a sum to factor: looked for before the
+  // factors are written out.
+  bool below = false;
+  bool bracketed_sum = false;
+  for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {
+    if (IsPseudoSign(s.Pool[c])) continue;
+    below = below || s.Pool[c].Role == kRoleDenominator;
+    bracketed_sum = bracketed_sum || IsBracketedSum(s, c);
+  }
+  if (!below || !bracketed_sum) return false;
+  // The factors.
   FractionFactors written;
   bool sum = false;
   for (NodeIdx c = first; c != kNoNode; c = s.Pool[c].Next) {

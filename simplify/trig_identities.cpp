@@ -273,6 +273,8 @@ std::string SignedCoefficient(const TrigTerm& t, const std::vector<std::size_t>&
 bool PythagorasOnContent(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
   if (!RewritableContent(s.Pool[n]) || ContentShapeOf(s.Pool, n) != Shape::Sum) return false;
+  // Every form below needs a squared trig function, whose power is written ")^2".
+  if (s.Pool[n].Text.find(")^2") == std::string::npos) return false;
   std::vector<TrigTerm> terms = ReadSum(s, n);
   std::vector<std::pair<bool, std::string>> texts = SignedTexts(s, n);
   // 1. and 2.: a pair c1*sin(x)^2 and c2*cos(x)^2.
