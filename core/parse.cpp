@@ -20,6 +20,7 @@ namespace {
 // next raises the run-time error.
 class Entries {
  public:
+  Entries() { items_.reserve(8); }  // most levels have a few
   void Add(std::string entry) {
     if (static_cast<int>(items_.size()) >= kParseEntryLimit) {
       throw RunTimeError(RunTimeErrorNumber::SubscriptOutOfRange, "Subscript out of range");

@@ -27,6 +27,7 @@ std::string KeyOf(const Session& s, const std::string& text) {
 // The tree below `root` (the root included) in pre-order.
 std::vector<ParsedNode> Flatten(const Session& s, NodeIdx root) {
   std::vector<ParsedNode> nodes;
+  nodes.reserve(static_cast<std::size_t>(CountChildren(s, root, true)) + 1);
   std::vector<NodeIdx> stack{root};
   WalkGuard guard;
   while (!stack.empty()) {
