@@ -225,7 +225,7 @@ void MakeChildren(Session& s, NodeIdx n, Entries& entries) {
 }
 
 // Kind and Text on the node itself, or in a container on a single child.
-void Attach(Session& s, NodeIdx n, bool in_container, char kind, const std::string& text) {
+void Attach(Session& s, NodeIdx n, bool in_container, char kind, std::string_view text) {
   if (in_container) {
     const NodeIdx child = NewNode(s);
     AppendChild(s, n, child);
@@ -234,11 +234,12 @@ void Attach(Session& s, NodeIdx n, bool in_container, char kind, const std::stri
     s.Pool[child].Text = text;
   } else {
     s.Pool[n].Kind = kind;
-    s.Pool[n].Text = text;
+    // The text may be the node's own, read in place.
+    if (text.data() != s.Pool[n].Text.data()) s.Pool[n].Text = text;
   }
 }
 
-void ParsePower(Session& s, NodeIdx n, bool in_container, const std::string& t) {
+void ParsePower(Session& s, NodeIdx n, bool in_container, std::string_view t) {
   std::string base;
   std::string exponent;
   SplitPower(s, t, base, exponent);
@@ -281,7 +282,10 @@ void ParseOne(Session& s, NodeIdx n) {
     s.Pool[n].Kind = IsAsciiLetter(text[0]) ? kKindVariable : kKindNumber;
     return;
   }
-  std::string t = s.Pool[n].Text;
+  // The text is read in place until a bracket or a function comes off it; from then on it is the
+  // content, held here.
+  std::string_view t = s.Pool[n].Text;
+  std::string content;
   bool in_container = false;
   for (;;) {
     Spans terms;
@@ -306,8 +310,15 @@ void ParseOne(Session& s, NodeIdx n) {
     if (!t.empty() && (t[0] == '(' || t[0] == '[') &&
         FindCloseBracket(t, 1) == static_cast<int>(t.size())) {
       const char kind = t[0];
-      t = StripBrackets(t);
-      s.Pool[n].Text = "(" + t + ")";
+      std::string stripped = StripBrackets(t);
+      content = std::move(stripped);
+      t = content;
+      std::string bracketed;
+      bracketed.reserve(content.size() + 2);
+      bracketed += '(';
+      bracketed += content;
+      bracketed += ')';
+      s.Pool[n].Text = std::move(bracketed);
       s.Pool[n].Kind = kind;
       in_container = true;
       MarkBracket(s, n);
@@ -341,7 +352,9 @@ void ParseOne(Session& s, NodeIdx n) {
     }
     // One function call: the argument is laid directly under the node; Text keeps the name.
     const std::size_t open = t.find_first_of("([");
-    t = StripBrackets(t.substr(open + 1, t.size() - open - 2));
+    std::string argument = StripBrackets(t.substr(open + 1, t.size() - open - 2));
+    content = std::move(argument);
+    t = content;
     s.Pool[n].Kind = kKindFunction;
     in_container = true;
   }

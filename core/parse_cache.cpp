@@ -13,15 +13,10 @@ namespace tavimor {
 
 namespace {
 
-// What reading a text depends on besides the text: the decimal point, and whether the function
-// names are known yet.
-std::string KeyOf(const Session& s, const std::string& text) {
-  std::string key;
-  key.reserve(text.size() + 2);
-  key += s.Dp();
-  key += s.FunctionNames[1].empty() ? '0' : '1';
-  key += text;
-  return key;
+// Whether a kept tree was read under what reading the text now would depend on besides the
+// text: the decimal point, and whether the function names are known yet.
+bool ReadAlike(const Session& s, const ParsedText& kept) {
+  return kept.decimal_point == s.Dp() && kept.functions_known == !s.FunctionNames[1].empty();
 }
 
 // The tree below `root` (the root included) in pre-order.
@@ -73,15 +68,19 @@ void CopyInto(Session& s, NodeIdx root, const std::vector<ParsedNode>& nodes) {
 }  // namespace
 
 void ParseTreeKept(Session& s, NodeIdx root) {
-  std::string key = KeyOf(s, s.Pool[root].Text);
-  if (const auto kept = s.ParsedTexts.find(key); kept != s.ParsedTexts.end()) {
-    CopyInto(s, root, kept->second);
+  const auto kept = s.ParsedTexts.find(s.Pool[root].Text);
+  if (kept != s.ParsedTexts.end() && ReadAlike(s, kept->second)) {
+    CopyInto(s, root, kept->second.nodes);
     return;
   }
+  std::string text = s.Pool[root].Text;
   ParseTree(s, root);
   if (s.Pool[root].FirstChild == kNoNode) return;  // a leaf is read as quickly as copied
   if (s.ParsedTexts.size() >= kKeptParsedTexts) s.ParsedTexts.clear();
-  s.ParsedTexts.emplace(std::move(key), Flatten(s, root));
+  ParsedText& entry = s.ParsedTexts[std::move(text)];
+  entry.decimal_point = s.Dp();
+  entry.functions_known = !s.FunctionNames[1].empty();
+  entry.nodes = Flatten(s, root);
 }
 
 }  // namespace tavimor

@@ -31,6 +31,13 @@ struct ParsedNode {
   std::string text;
 };
 
+// A tree parsed from a text, with what its reading depended on besides the text.
+struct ParsedText {
+  char decimal_point = '.';
+  bool functions_known = false;
+  std::vector<ParsedNode> nodes;  // in pre-order, the root first
+};
+
 // One row of the equations of the work item: left side, right side, two columns of graph data.
 using EquationRow = std::array<std::string, 4>;
 
@@ -132,9 +139,9 @@ struct CommandState {
   // options they were worked out under: the rule asks the same of every fraction at each pass of
   // the simplify loop. Dropped at every load.
   std::unordered_map<std::string, std::string> FactoredSums;
-  // Texts parsed whole into short-lived trees (core/parse_cache.h), by the text and what its
-  // reading depends on: a step asks several questions of the same side. Dropped at every load.
-  std::unordered_map<std::string, std::vector<ParsedNode>> ParsedTexts;
+  // Texts parsed whole into short-lived trees (core/parse_cache.h), by their text: a step asks
+  // several questions of the same side. Dropped at every load.
+  std::unordered_map<std::string, ParsedText> ParsedTexts;
   // The sides the typesetter set as text for a front end that paints no drawings
   // (present/text_picture.h), by their text, for the item loaded: a step shows the same
   // mathematics more than once (the sum it names, then its terms; the result, then the next step).
