@@ -46,23 +46,43 @@ std::vector<ParsedNode> Flatten(const Session& s, NodeIdx root) {
   return nodes;
 }
 
+// The children of the node kept at `at`, made below `node`, then each child's own: the order in
+// which the parser takes nodes from the pool (a node's children together, then the first child's
+// subtree, and so on), so that a copied tree holds the very nodes a parsed one would.
+void CopyChildren(Session& s, NodeIdx node, const std::vector<ParsedNode>& nodes,
+                  const std::vector<std::int16_t>& size, std::size_t at) {
+  const int count = nodes[at].children;
+  if (count == 0) return;
+  std::vector<std::pair<NodeIdx, std::size_t>> made;
+  made.reserve(static_cast<std::size_t>(count));
+  std::size_t kept = at + 1;
+  for (int i = 0; i < count; ++i) {
+    const NodeIdx child = NewNode(s);
+    AppendChild(s, node, child);
+    ExprNode& made_node = s.Pool[child];
+    made_node.Kind = nodes[kept].kind;
+    made_node.Role = nodes[kept].role;
+    made_node.Text = nodes[kept].text;
+    made.emplace_back(child, kept);
+    kept += static_cast<std::size_t>(size[kept]);
+  }
+  for (const auto& [child, place] : made) CopyChildren(s, child, nodes, size, place);
+}
+
 // The kept tree built below `root`, whose own kind and text it takes.
 void CopyInto(Session& s, NodeIdx root, const std::vector<ParsedNode>& nodes) {
   s.Pool[root].Kind = nodes.front().kind;
   s.Pool[root].Text = nodes.front().text;
-  // The nodes still waiting for children, each with how many it waits for.
-  std::vector<std::pair<NodeIdx, std::int16_t>> open{{root, nodes.front().children}};
-  for (std::size_t i = 1; i < nodes.size(); ++i) {
-    while (open.back().second == 0) open.pop_back();
-    const NodeIdx child = NewNode(s);
-    AppendChild(s, open.back().first, child);
-    --open.back().second;
-    ExprNode& node = s.Pool[child];
-    node.Kind = nodes[i].kind;
-    node.Role = nodes[i].role;
-    node.Text = nodes[i].text;
-    open.emplace_back(child, nodes[i].children);
+  // The size of each kept node's subtree, itself included, from the last to the first.
+  std::vector<std::int16_t> size(nodes.size(), 1);
+  for (std::size_t i = nodes.size(); i-- > 0;) {
+    std::size_t next = i + 1;
+    for (int c = 0; c < nodes[i].children; ++c) {
+      size[i] = static_cast<std::int16_t>(size[i] + size[next]);
+      next += static_cast<std::size_t>(size[next]);
+    }
   }
+  CopyChildren(s, root, nodes, size, 0);
 }
 
 }  // namespace

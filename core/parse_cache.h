@@ -11,8 +11,8 @@ inline constexpr std::size_t kKeptParsedTexts = 4096;
 
 // ParseTree on a node that stands alone (no parent, no siblings, not parsed yet): a text parsed
 // before in this item, under the same decimal point, is copied into place node by node instead
-// (the same nodes, kinds, roles and texts, as many nodes taken from the pool); any other text is
-// parsed, and kept if it has more than one node.
+// (the same kinds, roles and texts, the nodes taken from the pool in the order the parser takes
+// them, so the very same nodes); any other text is parsed, and kept if it has more than one node.
 void ParseTreeKept(Session& s, NodeIdx root);
 
 }  // namespace tavimor

@@ -10,6 +10,7 @@
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/parse.h"
+#include "core/parse_cache.h"
 #include "core/pieces.h"
 #include "present/display_form.h"
 #include "present/typesetter.h"
@@ -347,7 +348,7 @@ TextBlock SetMathematics(Session& s, const std::string& text) {
   const NodeIdx root = NewNode(s);
   try {
     s.Pool[root].Text = text;
-    ParseTree(s, root);
+    ParseTreeKept(s, root);
     PrepareForDisplay(s, root);
     TextLayout layout(s);
     std::u32string row;

@@ -10,6 +10,7 @@
 #include "core/parse.h"
 #include "core/parse_cache.h"
 #include "core/temp_tree.h"
+#include "core/tree_walk.h"
 #include "support/session_fixture.h"
 
 namespace tavimor {
@@ -71,6 +72,35 @@ TEST_F(ParseCacheTest, ATextReadAgainIsCopiedAsTheParserBuildsIt) {
     EXPECT_EQ(copied_nodes, parsed_nodes + 1) << text;
   }
   EXPECT_FALSE(s.ParsedTexts.empty());
+}
+
+TEST_F(ParseCacheTest, ACopiedTreeHoldsTheNodesAParsedOneWould) {
+  // The same nodes from the pool, in the same places of the tree, and the pool left the same.
+  for (const std::string text : {"x^2-5*x+6", "2*sin(x)^2-sin(x)", "(a+b)*(c-d)/(e+f)^2"}) {
+    int taken = 0;
+    Kept(text, taken);  // read and kept
+    const NodePool before = s.Pool;
+    std::vector<NodeIdx> parsed_nodes;
+    {
+      const NodeIdx root = NewNode(s);
+      s.Pool[root].Text = text;
+      ParseTree(s, root);
+      ForEachNodeParentFirst(s, root, [&](NodeIdx n) { parsed_nodes.push_back(n); });
+      FreeChildren(s, root);
+      FreeNode(s, root);
+    }
+    const std::vector<NodeIdx> parsed_free = FreeListFront(s, kPoolSize);
+    const std::int16_t parsed_most = s.Pool.MaxNodesInUse;
+    s.Pool = before;
+    std::vector<NodeIdx> copied_nodes;
+    {
+      const TempTree tree(s, text, TempTree::Depth::Whole);
+      ForEachNodeParentFirst(s, tree.Root(), [&](NodeIdx n) { copied_nodes.push_back(n); });
+    }
+    EXPECT_EQ(copied_nodes, parsed_nodes) << text;
+    EXPECT_EQ(FreeListFront(s, kPoolSize), parsed_free) << text;
+    EXPECT_EQ(s.Pool.MaxNodesInUse, parsed_most) << text;
+  }
 }
 
 TEST_F(ParseCacheTest, ADifferentDecimalPointReadsTheTextAgain) {
