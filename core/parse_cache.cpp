@@ -3,6 +3,7 @@
 #include "core/parse_cache.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -48,34 +49,45 @@ std::vector<ParsedNode> Flatten(const Session& s, NodeIdx root) {
 
 // The children of the node kept at `at`, made below `node`, then each child's own: the order in
 // which the parser takes nodes from the pool (a node's children together, then the first child's
-// subtree, and so on), so that a copied tree holds the very nodes a parsed one would.
+// subtree, and so on), so that a copied tree holds the very nodes a parsed one would. `size`
+// holds each kept node's subtree size, itself included.
 void CopyChildren(Session& s, NodeIdx node, const std::vector<ParsedNode>& nodes,
-                  const std::vector<std::int16_t>& size, std::size_t at) {
+                  const std::int16_t* size, std::size_t at) {
   const int count = nodes[at].children;
   if (count == 0) return;
-  std::vector<std::pair<NodeIdx, std::size_t>> made;
-  made.reserve(static_cast<std::size_t>(count));
   std::size_t kept = at + 1;
   for (int i = 0; i < count; ++i) {
     const NodeIdx child = NewNode(s);
     AppendChild(s, node, child);
-    ExprNode& made_node = s.Pool[child];
-    made_node.Kind = nodes[kept].kind;
-    made_node.Role = nodes[kept].role;
-    made_node.Text = nodes[kept].text;
-    made.emplace_back(child, kept);
+    ExprNode& made = s.Pool[child];
+    made.Kind = nodes[kept].kind;
+    made.Role = nodes[kept].role;
+    made.Text = nodes[kept].text;
     kept += static_cast<std::size_t>(size[kept]);
   }
-  for (const auto& [child, place] : made) CopyChildren(s, child, nodes, size, place);
+  kept = at + 1;
+  for (NodeIdx c = s.Pool[node].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+    CopyChildren(s, c, nodes, size, kept);
+    kept += static_cast<std::size_t>(size[kept]);
+  }
 }
 
 // The kept tree built below `root`, whose own kind and text it takes.
 void CopyInto(Session& s, NodeIdx root, const std::vector<ParsedNode>& nodes) {
   s.Pool[root].Kind = nodes.front().kind;
   s.Pool[root].Text = nodes.front().text;
-  // The size of each kept node's subtree, itself included, from the last to the first.
-  std::vector<std::int16_t> size(nodes.size(), 1);
+  // The size of each kept node's subtree, from the last to the first (on the stack for the usual
+  // trees of a few dozen nodes).
+  constexpr std::size_t kOnStack = 128;
+  std::array<std::int16_t, kOnStack> small{};
+  std::vector<std::int16_t> large;
+  std::int16_t* size = small.data();
+  if (nodes.size() > kOnStack) {
+    large.resize(nodes.size());
+    size = large.data();
+  }
   for (std::size_t i = nodes.size(); i-- > 0;) {
+    size[i] = 1;
     std::size_t next = i + 1;
     for (int c = 0; c < nodes[i].children; ++c) {
       size[i] = static_cast<std::int16_t>(size[i] + size[next]);
