@@ -2,13 +2,13 @@
 // again.
 #include "core/parse_cache.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
 
 #include "core/node_pool.h"
 #include "core/parse.h"
+#include "core/tree_walk.h"
 
 namespace tavimor {
 
@@ -21,29 +21,17 @@ bool ReadAlike(const Session& s, const ParsedText& kept) {
 }
 
 // The tree below `root` (the root included) in pre-order.
-std::vector<ParsedNode> Flatten(const Session& s, NodeIdx root) {
+std::vector<ParsedNode> Flatten(Session& s, NodeIdx root) {
   std::vector<ParsedNode> nodes;
   nodes.reserve(static_cast<std::size_t>(CountChildren(s, root, true)) + 1);
-  std::vector<NodeIdx> stack{root};
-  WalkGuard guard;
-  while (!stack.empty()) {
-    guard.Step();
-    const NodeIdx n = stack.back();
-    stack.pop_back();
+  ForEachNodeParentFirst(s, root, [&s, &nodes](NodeIdx n) {
     const ExprNode& node = s.Pool[n];
-    ParsedNode kept;
+    ParsedNode& kept = nodes.emplace_back();
     kept.kind = node.Kind;
     kept.role = node.Role;
     kept.text = node.Text;
-    const std::size_t first_child = stack.size();
-    for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) {
-      stack.push_back(c);
-      ++kept.children;
-    }
-    // The first child is visited first.
-    std::reverse(stack.begin() + static_cast<std::ptrdiff_t>(first_child), stack.end());
-    nodes.push_back(std::move(kept));
-  }
+    for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) ++kept.children;
+  });
   return nodes;
 }
 
