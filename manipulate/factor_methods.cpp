@@ -148,8 +148,12 @@ std::string CountWord(std::size_t n) { return std::to_string(n); }
 
 }  // namespace
 
-std::optional<std::string> CommonFactorOf(Session& s, const std::string& part, int depth) {
-  const std::vector<SignedTerm> signed_terms = SignedTerms(s, part);
+namespace {
+
+// The common factor of the terms of `part`, read once by the caller.
+std::optional<std::string> CommonFactorOfTerms(Session& s, const std::string& part,
+                                               const std::vector<SignedTerm>& signed_terms,
+                                               int depth) {
   if (signed_terms.size() < 2) return std::nullopt;
   std::vector<std::vector<LiteralFactor>> literals;
   std::vector<double> numerators;
@@ -190,12 +194,18 @@ std::optional<std::string> CommonFactorOf(Session& s, const std::string& part, i
   return signed_terms[0].minus ? "-" + factor : factor;
 }
 
+}  // namespace
+
+std::optional<std::string> CommonFactorOf(Session& s, const std::string& part, int depth) {
+  return CommonFactorOfTerms(s, part, SignedTerms(s, part), depth);
+}
+
 // ab+ac -> a*(b+c)   help 66, 67 with a minus taken out
 bool FactorCommon(Session& s, const std::string& part, int depth, FactorFinding& found) {
-  const std::optional<std::string> common = CommonFactorOf(s, part, depth);
+  const std::vector<SignedTerm> signed_terms = SignedTerms(s, part);
+  const std::optional<std::string> common = CommonFactorOfTerms(s, part, signed_terms, depth);
   if (!common) return false;
   const std::string& factor = *common;
-  const std::vector<SignedTerm> signed_terms = SignedTerms(s, part);
   found.code = signed_terms[0].minus ? kMethodCommonMinus : kMethodCommon;
   std::vector<std::string> quotients;
   std::vector<std::string> dots;

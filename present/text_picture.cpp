@@ -10,8 +10,8 @@
 #include "core/node_pool.h"
 #include "core/node_shape.h"
 #include "core/parse.h"
-#include "core/parse_cache.h"
 #include "core/pieces.h"
+#include "core/temp_tree.h"
 #include "present/display_form.h"
 #include "present/typesetter.h"
 
@@ -345,23 +345,12 @@ namespace {
 // The text parsed, prepared for display and set (straight on one row when it fits there), its
 // tree given back to the pool however that ends.
 TextBlock SetMathematics(Session& s, const std::string& text) {
-  const NodeIdx root = NewNode(s);
-  try {
-    s.Pool[root].Text = text;
-    ParseTreeKept(s, root);
-    PrepareForDisplay(s, root);
-    TextLayout layout(s);
-    std::u32string row;
-    TextBlock block =
-        layout.Flat(root, row) ? TextBlock::Line(std::move(row)) : layout.Render(root);
-    FreeChildren(s, root);
-    FreeNode(s, root);
-    return block;
-  } catch (...) {
-    FreeChildren(s, root);
-    FreeNode(s, root);
-    throw;
-  }
+  const TempTree tree(s, text, TempTree::Depth::Whole);
+  PrepareForDisplay(s, tree.Root());
+  TextLayout layout(s);
+  std::u32string row;
+  return layout.Flat(tree.Root(), row) ? TextBlock::Line(std::move(row))
+                                       : layout.Render(tree.Root());
 }
 
 }  // namespace

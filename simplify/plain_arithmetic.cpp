@@ -43,15 +43,7 @@ class Reader {
   // Lowest terms within the bound.
   std::optional<Fraction> Made(std::int64_t p, std::int64_t q) const {
     if (q == 0) return std::nullopt;
-    if (q < 0) {
-      p = -p;
-      q = -q;
-    }
-    const std::int64_t g = std::gcd(p, q);
-    if (g > 1) {
-      p /= g;
-      q /= g;
-    }
+    ToLowestTerms(p, q);
     if (std::llabs(p) >= kBound || q >= kBound) return std::nullopt;
     // In floating point a half, a quarter, ... down to 1/1024 is held exactly, each step's
     // value written in full: the order of the steps cannot change the answer.
@@ -127,13 +119,9 @@ class Reader {
     }
     const std::size_t start = at_;
     while (IsAsciiDigit(Peek())) ++at_;
-    const std::size_t digits = at_ - start;
-    if (digits == 0 || digits > kMostDigits || (text_[start] == '0' && digits > 1)) {
-      return std::nullopt;
-    }
-    std::int64_t value = 0;
-    for (std::size_t i = start; i < at_; ++i) value = value * 10 + (text_[i] - '0');
-    return Fraction{value, 1};
+    const std::optional<std::int64_t> value = PlainWholeNumber(text_.substr(start, at_ - start));
+    if (!value) return std::nullopt;
+    return Fraction{*value, 1};
   }
 
   std::string_view text_;
@@ -146,8 +134,36 @@ class Reader {
 std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text) {
   const std::optional<Fraction> value = Reader(text, s.ExactToFloat).Whole();
   if (!value) return std::nullopt;
-  if (value->q == 1) return std::to_string(value->p);
-  return std::to_string(value->p) + "/" + std::to_string(value->q);
+  return LowestTermsText(value->p, value->q);
+}
+
+std::optional<std::int64_t> PlainWholeNumber(std::string_view digits) {
+  if (digits.empty() || digits.size() > kMostDigits || (digits[0] == '0' && digits.size() > 1)) {
+    return std::nullopt;
+  }
+  std::int64_t value = 0;
+  for (const char c : digits) {
+    if (!IsAsciiDigit(c)) return std::nullopt;
+    value = value * 10 + (c - '0');
+  }
+  return value;
+}
+
+void ToLowestTerms(std::int64_t& p, std::int64_t& q) {
+  if (q < 0) {
+    p = -p;
+    q = -q;
+  }
+  const std::int64_t g = std::gcd(p, q);
+  if (g > 1) {
+    p /= g;
+    q /= g;
+  }
+}
+
+std::string LowestTermsText(std::int64_t p, std::int64_t q) {
+  if (q == 1) return std::to_string(p);
+  return std::to_string(p) + "/" + std::to_string(q);
 }
 
 }  // namespace tavimor

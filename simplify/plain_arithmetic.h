@@ -2,8 +2,10 @@
 // loop.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/session.h"
 
@@ -17,5 +19,13 @@ namespace tavimor {
 // quarters and so on down to 1/1024 may occur along the way (each held exactly), and the answer
 // must be whole.
 std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text);
+
+// The digits of a whole number below 1E9 written without a leading zero ("0" itself is one), as
+// its value; nothing for any other text.
+std::optional<std::int64_t> PlainWholeNumber(std::string_view digits);
+// p/q brought to lowest terms with q above 0 (q must not be 0).
+void ToLowestTerms(std::int64_t& p, std::int64_t& q);
+// A fraction in lowest terms as the loop writes it: "-3/4", or "5" when q is 1.
+std::string LowestTermsText(std::int64_t p, std::int64_t q);
 
 }  // namespace tavimor

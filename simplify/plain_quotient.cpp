@@ -2,18 +2,15 @@
 #include "simplify/plain_quotient.h"
 
 #include <cstdint>
-#include <numeric>
 #include <string_view>
 
 #include "core/evaluate.h"
 #include "core/expr_node.h"
+#include "simplify/plain_arithmetic.h"
 
 namespace tavimor {
 
 namespace {
-
-// Below 1E9 a whole number is written with all its digits.
-constexpr std::size_t kMostDigits = 9;
 
 // One side: sign * number * letter^power (no letter: power 0).
 struct Monomial {
@@ -21,17 +18,6 @@ struct Monomial {
   char letter = '\0';
   int power = 0;
 };
-
-std::optional<std::int64_t> WholeNumber(std::string_view digits) {
-  if (digits.empty() || digits.size() > kMostDigits) return std::nullopt;
-  if (digits[0] == '0' && digits.size() > 1) return std::nullopt;
-  std::int64_t value = 0;
-  for (const char c : digits) {
-    if (!IsAsciiDigit(c)) return std::nullopt;
-    value = value * 10 + (c - '0');
-  }
-  return value;
-}
 
 // "-12*x^3", "(x)", "7": the side read, or nothing.
 std::optional<Monomial> ReadMonomial(const Session& s, std::string_view text) {
@@ -47,7 +33,7 @@ std::optional<Monomial> ReadMonomial(const Session& s, std::string_view text) {
   std::size_t digits = 0;
   while (digits < text.size() && IsAsciiDigit(text[digits])) ++digits;
   if (digits > 0) {
-    const std::optional<std::int64_t> number = WholeNumber(text.substr(0, digits));
+    const std::optional<std::int64_t> number = PlainWholeNumber(text.substr(0, digits));
     if (!number) return std::nullopt;
     m.number = *number;
     text.remove_prefix(digits);
@@ -96,17 +82,10 @@ std::optional<std::string> PlainQuotient(const Session& s, const std::string& te
   if (power < 0) return std::nullopt;
   std::int64_t p = up->number;
   std::int64_t q = down->number;
-  const std::int64_t g = std::gcd(p, q);
-  p /= g;
-  q /= g;
-  if (q < 0) {
-    p = -p;
-    q = -q;
-  }
+  ToLowestTerms(p, q);
   if (power == 0) {
-    if (q == 1) return std::to_string(p);
-    if (s.ExactToFloat) return std::nullopt;
-    return std::to_string(p) + "/" + std::to_string(q);
+    if (q != 1 && s.ExactToFloat) return std::nullopt;
+    return LowestTermsText(p, q);
   }
   if (q != 1) return std::nullopt;
   std::string term(1, up->letter);

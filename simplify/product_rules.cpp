@@ -55,15 +55,19 @@ int CountContentFactors(const Session& s, NodeIdx n) {
   return count;
 }
 
-// Whether a factor carries a sign the rule below gathers: a sign standing alone, a signed
+// The sign a factor carries that the rule below gathers, or '\0': a sign standing alone, a signed
 // number, or a bracket that opens with a sign around a product or a single quantity.
-bool CarriesSign(const Session& s, NodeIdx c) {
+char CarriedSign(const Session& s, NodeIdx c) {
   const ExprNode& factor = s.Pool[c];
-  if (IsPseudoSign(factor)) return true;
-  if (IsNumberLeaf(factor)) return factor.Text[0] == '-' || factor.Text[0] == '+';
-  return IsBracketNode(factor) && factor.FirstChild != kNoNode && factor.Text.size() > 3 &&
-         (factor.Text[1] == '-' || factor.Text[1] == '+') &&
-         (s.Pool[factor.FirstChild].Role == kRoleNone || HoldsProduct(s, c));
+  if (IsPseudoSign(factor)) return factor.Text[0];
+  if (IsNumberLeaf(factor)) {
+    return factor.Text[0] == '-' || factor.Text[0] == '+' ? factor.Text[0] : '\0';
+  }
+  const bool signed_bracket = IsBracketNode(factor) && factor.FirstChild != kNoNode &&
+                              factor.Text.size() > 3 &&
+                              (factor.Text[1] == '-' || factor.Text[1] == '+') &&
+                              (s.Pool[factor.FirstChild].Role == kRoleNone || HoldsProduct(s, c));
+  return signed_bracket ? factor.Text[1] : '\0';
 }
 
 // Whether some factor of the product passes `test`; the rules below look before they build.
@@ -80,7 +84,7 @@ bool AnyFactor(const Session& s, NodeIdx n, Test test) {
 // -(-x) -> x: signs of the factors gathered into one sign at the front (help 15).
 bool CollapseProductSigns(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
-  if (!AnyFactor(s, n, [&s](NodeIdx c) { return CarriesSign(s, c); })) return false;
+  if (!AnyFactor(s, n, [&s](NodeIdx c) { return CarriedSign(s, c) != '\0'; })) return false;
   const std::string old_text = ContentText(s.Pool[n]);
   int pluses = 0;
   int minuses = 0;
@@ -91,22 +95,17 @@ bool CollapseProductSigns(Session& s, NodeIdx& slot) {
   int position = 0;
   for (NodeIdx c = s.Pool[n].FirstChild; c != kNoNode; c = s.Pool[c].Next, ++position) {
     const ExprNode& factor = s.Pool[c];
-    char sign = '\0';
+    const char sign = CarriedSign(s, c);
     std::string rest = factor.Text;
-    if (IsPseudoSign(factor)) {
-      sign = factor.Text[0];
+    if (sign != '\0' && IsPseudoSign(factor)) {
       rest.clear();
       if (position == 0 && sign == '-') minus_at_front = true;
       const NodeIdx next = factor.Next;
       if (sign == '+' && (next == kNoNode || !IsNumberLeaf(s.Pool[next]))) plus_before_other = true;
-    } else if (IsNumberLeaf(factor) && (factor.Text[0] == '-' || factor.Text[0] == '+')) {
-      sign = factor.Text[0];
+    } else if (sign != '\0' && IsNumberLeaf(factor)) {
       rest = factor.Text.substr(1);
       if (position == 0 && sign == '-') minus_at_front = true;
-    } else if (IsBracketNode(factor) && factor.FirstChild != kNoNode && factor.Text.size() > 3 &&
-               (factor.Text[1] == '-' || factor.Text[1] == '+') &&
-               (s.Pool[factor.FirstChild].Role == kRoleNone || HoldsProduct(s, c))) {
-      sign = factor.Text[1];
+    } else if (sign != '\0') {  // a bracket that opens with the sign
       rest = factor.Text.substr(2, factor.Text.size() - 3);
       if (sign == '+' && !IsNumberToken(s, rest)) plus_before_other = true;
       // A product left in a denominator keeps its brackets.

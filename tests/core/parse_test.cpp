@@ -245,6 +245,11 @@ TEST(Brackets, StripBracketsRemovesOnlyEnclosingPairs) {
   EXPECT_EQ(StripBrackets("(a)(b)"), "(a)(b)");
   EXPECT_EQ(StripBrackets("[(x)]"), "x");
   EXPECT_EQ(StripBrackets("x"), "x");
+  // Deeper than the pairs peeled one at a time, and pairs that only look like one.
+  EXPECT_EQ(StripBrackets("((((((x+1))))))"), "x+1");
+  EXPECT_EQ(StripBrackets("(((((a)(b)))))"), "(a)(b)");
+  EXPECT_EQ(StripBrackets("((((((a)))(b))))"), "(((a)))(b)");
+  EXPECT_EQ(StripBrackets("()"), "");
 }
 
 TEST_F(ParseTest, FunctionEndFindsTheArgumentsBracket) {
