@@ -42,7 +42,10 @@ struct Term {
 
 std::string Joined(const std::vector<std::string>& factors) {
   std::string text;
-  for (const std::string& f : factors) text += (text.empty() ? "" : "*") + f;
+  for (const std::string& f : factors) {
+    if (!text.empty()) text += '*';
+    text += f;
+  }
   return text.empty() ? "1" : text;
 }
 

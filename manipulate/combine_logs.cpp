@@ -176,7 +176,8 @@ std::string RebuiltSum(Session& s, NodeIdx sum, NodeIdx first, NodeIdx second,
     if (minus) {
       text += "-" + body;
     } else {
-      text += (text.empty() ? "" : "+") + body;
+      if (!text.empty()) text += '+';
+      text += body;
     }
   }
   return text;

@@ -66,7 +66,8 @@ std::string DistributeProductOver(const Session& s, NodeIdx product, NodeIdx bra
     }
     if (factor.Kind == kKindNumber && factor.Text == "+") continue;
     std::string& side = seen_bracket ? after : before;
-    side += (side.empty() ? "" : "*") + UnsignedFactor(factor, sign);
+    if (!side.empty()) side += '*';
+    side += UnsignedFactor(factor, sign);
   }
   std::string text;
   for (NodeIdx t = s.Pool[bracket].FirstChild; t != kNoNode; t = s.Pool[t].Next) {
@@ -74,8 +75,14 @@ std::string DistributeProductOver(const Session& s, NodeIdx product, NodeIdx bra
     std::string body = term.Text;
     if (body == "1" && (!before.empty() || !after.empty())) body.clear();
     std::string piece = before;
-    if (!body.empty()) piece += (piece.empty() ? "" : "*") + body;
-    if (!after.empty()) piece += (piece.empty() ? "" : "*") + after;
+    if (!body.empty()) {
+      if (!piece.empty()) piece += '*';
+      piece += body;
+    }
+    if (!after.empty()) {
+      if (!piece.empty()) piece += '*';
+      piece += after;
+    }
     if (piece.empty()) piece = "1";
     text += std::string(1, SignProduct(sign, term.Role)) + piece + denominators;
   }
@@ -97,7 +104,8 @@ std::string DistributeDenominator(const Session& s, NodeIdx product, NodeIdx bra
     }
     if (factor.Kind == kKindNumber && factor.Text == "+") continue;
     std::string& side = factor.Role == kRoleDenominator ? others : numerator;
-    side += (side.empty() ? "" : "*") + UnsignedFactor(factor, sign);
+    if (!side.empty()) side += '*';
+    side += UnsignedFactor(factor, sign);
   }
   if (numerator.empty()) numerator = "1";
   if (sign == '-') numerator = "-" + numerator;

@@ -148,7 +148,10 @@ bool FactorPolynomial(Session& s, const std::string& part, FactorFinding& found)
     }
   }
   std::string product;
-  for (const std::string& f : factors) product += (product.empty() ? "" : "*") + f;
+  for (const std::string& f : factors) {
+    if (!product.empty()) product += '*';
+    product += f;
+  }
   found.code = kMethodNumeric;
   found.factored = SimplifyText(s, product);
   found.values = {found.factored};

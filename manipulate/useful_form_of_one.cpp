@@ -122,7 +122,10 @@ void SplitFraction(Session& s, const std::string& text, std::string& numerator,
   }
   auto join = [](const std::vector<std::string>& parts) {
     std::string joined;
-    for (const std::string& part : parts) joined += (joined.empty() ? "" : "*") + part;
+    for (const std::string& part : parts) {
+      if (!joined.empty()) joined += '*';
+      joined += part;
+    }
     return joined.empty() ? std::string("1") : joined;
   };
   numerator = sign + join(top);

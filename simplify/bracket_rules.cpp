@@ -68,7 +68,8 @@ void OtherFactors(const Session& s, NodeIdx product, NodeIdx except, std::string
   for (NodeIdx c = s.Pool[product].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
     if (c == except) continue;
     std::string& list = s.Pool[c].Role == kRoleDenominator ? denominators : numerators;
-    list += (list.empty() ? "" : "*") + s.Pool[c].Text;
+    if (!list.empty()) list += '*';
+    list += s.Pool[c].Text;
   }
   // A leading lone sign reads as a plain sign.
   if (numerators.rfind("-*", 0) == 0 || numerators.rfind("+*", 0) == 0) numerators.erase(1, 1);

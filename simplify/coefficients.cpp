@@ -48,14 +48,19 @@ std::string FormatValue(const Session& s, double value) {
 
 std::string FormatCoefficient(const Session& s, double a, double b, const std::string& numerator,
                               const std::string& denominator) {
-  std::string coefficient = FormatValue(s, std::fabs(a));
-  if (b != 1.0) coefficient += "/" + FormatValue(s, b);
-  if (std::fabs(a) == 1.0 && b == 1.0 && !numerator.empty()) coefficient.clear();
-  std::string text = coefficient;
-  if (!numerator.empty()) text += "*" + numerator;
-  if (!denominator.empty()) text += "/" + denominator;
-  if (!text.empty() && text[0] == '*') text.erase(0, 1);
-  return a < 0.0 ? "-" + text : text;
+  std::string text = a < 0.0 ? "-" : "";
+  const std::size_t sign = text.size();
+  // A coefficient of one before a numerator is not written (nor worked out).
+  if (std::fabs(a) != 1.0 || b != 1.0 || numerator.empty()) {
+    text += FormatValue(s, std::fabs(a));
+    if (b != 1.0) text.append("/").append(FormatValue(s, b));
+  }
+  if (!numerator.empty()) {
+    if (text.size() > sign) text += '*';
+    text += numerator;
+  }
+  if (!denominator.empty()) text.append("/").append(denominator);
+  return text;
 }
 
 }  // namespace tavimor

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/errors.h"
+#include "core/node_pool.h"
 #include "core/number_text.h"
 #include "core/text_predicates.h"
 #include "manipulate/reduce_fraction.h"
@@ -156,6 +157,7 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
   if (first == kNoNode || !IsProductRole(s.Pool[first].Role)) return false;
   // 1. The arrays, and the word.
   std::vector<Entry> entries;
+  entries.reserve(static_cast<std::size_t>(CountChildren(s, n, false)));
   std::string word = "product";
   int zeros_up = 0;
   int zeros_down = 0;
@@ -248,38 +250,27 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
     b = 1.0;
   }
   const bool coefficient_changed = a != a0 || b != b0;
-  // 6. The narration so far.
-  StepParts parts;
-  AddStepPart(parts, "Simplify the " + word + " @" + old_text + "@ by:|");
-  if (!old_text.empty() && old_text[0] == '+') {
-    bits |= kBitPlus;
-    AddStepPart(parts, "dropping the unnecessary + sign.|");
-  }
-  if (bits & kBitSorted) {
-    AddStepPart(parts,
-                "sorting the factors (numbers first, then variables in alphabetical order).|");
-  }
-  if (coefficient_changed || numbers_up > 1 || numbers_down > 1) {
-    const std::string old_coefficient = (negated ? "-" : "") + JoinFactors(old_up, old_down);
-    AddStepPart(parts, "simplifying the coefficient @" + old_coefficient + "->" +
-                           FormatCoefficient(s, a, b, "", "") + "@ .|");
+  // 6. What the narration will tell so far; it is written once the product is known to change.
+  if (!old_text.empty() && old_text[0] == '+') bits |= kBitPlus;
+  const bool coefficient_told = coefficient_changed || numbers_up > 1 || numbers_down > 1;
+  int dropped = 0;
+  if (coefficient_told) {
     bits |= (reduced && !s.ExactToFloat && b != 1.0) ? kBitReduced : kBitCoefficient;
   } else {
     // A 1 in the numerator goes when nothing else of the coefficient is written.
     const bool coefficient_shown = b != 1.0 || i == entries.size();
-    const int dropped = ones_down + (coefficient_shown ? 0 : ones - ones_down);
-    if (dropped > 0) {
-      bits |= kBitOnes;
-      AddStepPart(parts, dropped == 1 ? "dropping the unnecessary factor of 1.|"
-                                      : "dropping the unnecessary factors of 1.|");
-    }
+    dropped = ones_down + (coefficient_shown ? 0 : ones - ones_down);
+    if (dropped > 0) bits |= kBitOnes;
   }
+  std::vector<std::string> run_parts;
   // 7. Runs of one base: the exponents are added.
   RunResult out = kept;
   while (i < entries.size()) {
     std::size_t j = i + 1;
-    const std::string key = entries[i].kind + entries[i].base;
-    while (j < entries.size() && entries[j].kind + entries[j].base == key) ++j;
+    while (j < entries.size() && entries[j].kind == entries[i].kind &&
+           entries[j].base == entries[i].base) {
+      ++j;
+    }
     const Entry& head = entries[i];
     // One factor stays as it is written, unless its exponent changes sides: a negative exponent
     // goes under the line, and without reciprocals a denominator comes up, 2/x^3 = 2*x^(-3).
@@ -310,21 +301,26 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
     if (old_run_text != new_run_text) {
       if (j - i == 2 && ups == 1 && e == "0") {
         bits |= kBitCanceled;
-        AddStepPart(parts, "canceling this @" + old_run_text + "->" + new_run_text + "@ .|");
+        run_parts.push_back("canceling this @" + old_run_text + "->" + new_run_text + "@ .|");
       } else {
         bits |= kBitExponents;
-        AddStepPart(parts, "applying the property of exponents @" + old_run_text + "->" +
-                               new_run_text + "@ .|");
+        run_parts.push_back("applying the property of exponents @" + old_run_text + "->" +
+                            new_run_text + "@ .|");
       }
     }
     i = j;
   }
   // 8. The new text.
-  AddStepPart(parts, "The result is:");
   std::string up;
-  for (const std::string& f : out.numerator) up += (up.empty() ? "" : "*") + f;
+  for (const std::string& f : out.numerator) {
+    if (!up.empty()) up += '*';
+    up += f;
+  }
   std::string down;
-  for (const std::string& f : out.denominator) down += (down.empty() ? "" : "/") + f;
+  for (const std::string& f : out.denominator) {
+    if (!down.empty()) down += '/';
+    down += f;
+  }
   const std::string text = FormatCoefficient(s, a, b, up, down);
   // Brackets that the tree does not keep are no change.
   if (text == old_text || RegeneratedText(s, text) == old_text) return false;
@@ -339,6 +335,23 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
     s.Message = kSortFactorsMessage;
     return true;
   }
+  StepParts parts;
+  AddStepPart(parts, "Simplify the " + word + " @" + old_text + "@ by:|");
+  if (bits & kBitPlus) AddStepPart(parts, "dropping the unnecessary + sign.|");
+  if (bits & kBitSorted) {
+    AddStepPart(parts,
+                "sorting the factors (numbers first, then variables in alphabetical order).|");
+  }
+  if (coefficient_told) {
+    const std::string old_coefficient = (negated ? "-" : "") + JoinFactors(old_up, old_down);
+    AddStepPart(parts, "simplifying the coefficient @" + old_coefficient + "->" +
+                           FormatCoefficient(s, a, b, "", "") + "@ .|");
+  } else if (dropped > 0) {
+    AddStepPart(parts, dropped == 1 ? "dropping the unnecessary factor of 1.|"
+                                    : "dropping the unnecessary factors of 1.|");
+  }
+  for (const std::string& run : run_parts) AddStepPart(parts, run);
+  AddStepPart(parts, "The result is:");
   const bool exponents = (bits & kBitExponents) != 0;
   const bool collected = (bits & kMaskCollected) != 0;
   const bool tidied = (bits & kMaskTidied) != 0;

@@ -94,12 +94,14 @@ SplitParts SplitTerm(Session& s, NodeIdx term) {
       if (number) {
         parts.denominator *= SnapToInteger(s, factor.Text);
       } else {
-        parts.denominator_text += (parts.denominator_text.empty() ? "" : "/") + factor.Text;
+        if (!parts.denominator_text.empty()) parts.denominator_text += '/';
+        parts.denominator_text += factor.Text;
       }
     } else if (number) {
       parts.numerator *= SnapToInteger(s, factor.Text);
     } else {
-      parts.numerator_text += (parts.numerator_text.empty() ? "" : "*") + factor.Text;
+      if (!parts.numerator_text.empty()) parts.numerator_text += '*';
+      parts.numerator_text += factor.Text;
     }
   }
   parts.numerator *= sign;
@@ -194,7 +196,8 @@ bool CollectSum(Session& s, NodeIdx& slot) {
     const std::string term =
         FormatCoefficient(s, entry.parts.numerator, entry.parts.denominator,
                           entry.parts.numerator_text, entry.parts.denominator_text);
-    text += (term[0] == '-' ? "" : "+") + term;
+    if (term[0] != '-') text += '+';
+    text += term;
   };
   for (std::size_t i = 0; i < entries.size();) {
     std::size_t j = i + 1;
@@ -228,7 +231,8 @@ bool CollectSum(Session& s, NodeIdx& slot) {
     std::string new_run = "0";
     if (a != 0.0) {
       new_run = FormatCoefficient(s, a, b, head.parts.numerator_text, head.parts.denominator_text);
-      text += (new_run[0] == '-' ? "" : "+") + new_run;
+      if (new_run[0] != '-') text += '+';
+      text += new_run;
     }
     bits |= kBitCombined;
     runs.push_back(std::string(a != 0.0 ? "combining like terms @" : "canceling @") + old_run +

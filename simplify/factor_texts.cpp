@@ -46,7 +46,7 @@ bool HoldsFraction(const Session& s, NodeIdx n) {
   return false;
 }
 
-bool IsFunctionNamed(const ExprNode& node, const std::string& name) {
+bool IsFunctionNamed(const ExprNode& node, std::string_view name) {
   return node.Kind == kKindFunction && node.Text.size() > name.size() &&
          node.Text.compare(0, name.size(), name) == 0 && node.Text[name.size()] == '(';
 }
@@ -58,7 +58,10 @@ bool IsNumberToken(const Session& s, const std::string& text) {
 std::string JoinFactors(const std::vector<std::string>& numerator,
                         const std::vector<std::string>& denominator) {
   std::string text;
-  for (const std::string& factor : numerator) text += (text.empty() ? "" : "*") + factor;
+  for (const std::string& factor : numerator) {
+    if (!text.empty()) text += '*';
+    text += factor;
+  }
   if (text.empty()) text = "1";
   for (const std::string& factor : denominator) text += "/" + factor;
   return text;

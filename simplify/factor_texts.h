@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/session.h"
@@ -20,7 +21,7 @@ bool HoldsProduct(const Session& s, NodeIdx n);
 // A bracket or function whose content is a product with a denominator factor.
 bool HoldsFraction(const Session& s, NodeIdx n);
 // A function node of the given name, such as "sqrt".
-bool IsFunctionNamed(const ExprNode& node, const std::string& name);
+bool IsFunctionNamed(const ExprNode& node, std::string_view name);
 // The text is exactly one number, sign included.
 bool IsNumberToken(const Session& s, const std::string& text);
 // Numerator texts joined by "*", each denominator text led by "/"; "1" when no numerator.

@@ -362,8 +362,10 @@ bool EvaluateFunction(Session& s, NodeIdx& slot) {
   if (inverse && s.EvaluateInverseTrig == 0) return false;
   const bool trig = f == "sin" || f == "cos" || f == "tan";
   const std::string x = ContentText(node);
-  const std::string message =
-      prefix + "Simplify this expression by evaluating @" + old_text + "@ .";
+  // The narration, written only when the function is evaluated.
+  const auto message = [&prefix, &old_text] {
+    return prefix + "Simplify this expression by evaluating @" + old_text + "@ .";
+  };
   // A complex argument is evaluated with complex numbers.
   if (s.ComplexForm > 0) {
     double re = 0.0;
@@ -372,7 +374,7 @@ bool EvaluateFunction(Session& s, NodeIdx& slot) {
     const int kind = ClassifyComplexArgument(s, slot, re, im);
     if (kind == kPureImaginary || kind == kComplexNumber) {
       if (!FunctionOfComplex(s, f, re, im, value)) return false;
-      RewriteFunctionAs(s, slot, value, message);
+      RewriteFunctionAs(s, slot, value, message());
       return true;
     }
   }
@@ -399,7 +401,7 @@ bool EvaluateFunction(Session& s, NodeIdx& slot) {
     if (complex_value && s.ComplexForm > 0) {
       std::string value;
       if (!FunctionOfComplex(s, f, v, 0.0, value)) return false;
-      RewriteFunctionAs(s, slot, value, message);
+      RewriteFunctionAs(s, slot, value, message());
       return true;
     }
     if ((f == "log" || f == "ln") && v < 0.0) return false;
@@ -425,7 +427,7 @@ bool EvaluateFunction(Session& s, NodeIdx& slot) {
     }
   }
   if (!std::isfinite(result)) throw RunTimeError(RunTimeErrorNumber::Overflow, "Overflow");
-  RewriteFunctionAs(s, slot, FormatValue(s, result), message);
+  RewriteFunctionAs(s, slot, FormatValue(s, result), message());
   return true;
 }
 

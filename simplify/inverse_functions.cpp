@@ -214,11 +214,12 @@ std::string FunctionNameOf(const std::string& text) {
 }
 
 bool CancelInverseText(Session& s, NodeIdx& slot) {
-  // Every form below opens with "sqrt(", "log(", "ln(", "10^" or "e^": others are passed over
-  // before their text is copied.
+  // Every form below opens with "sqrt(", "log(10^", "10^log(", "e^ln(" or "ln(e^": others are
+  // passed over before their text is copied.
   {
-    const std::string& text = s.Pool[slot].Text;
-    if (text.empty() || (text[0] != 's' && text[0] != 'l' && text[0] != '1' && text[0] != 'e')) {
+    const std::string_view text = s.Pool[slot].Text;
+    if (!StartsWith(text, "sqrt(") && !StartsWith(text, "log(10^") &&
+        !StartsWith(text, "10^log(") && !StartsWith(text, "e^ln(") && !StartsWith(text, "ln(e^")) {
       return false;
     }
   }
@@ -275,9 +276,17 @@ bool CancelInverseText(Session& s, NodeIdx& slot) {
 bool FunctionOfFunction(Session& s, NodeIdx& slot) {
   const ExprNode& node = s.Pool[slot];
   if (node.Kind != kKindFunction) return false;
+  if (StartsWith(node.Text, "arctan(1/tan(")) return ArctanOfReciprocalTangent(s, slot);
+  // Every form below has one function or power inside: others are passed over before their
+  // text is copied.
+  {
+    const NodeIdx only = OnlyChild(s, slot);
+    if (only == kNoNode) return false;
+    const char kind = s.Pool[only].Kind;
+    if (kind != kKindFunction && kind != kKindPower) return false;
+  }
   const std::string old_text = node.Text;
   const std::string outer = FunctionNameOf(old_text);
-  if (StartsWith(old_text, "arctan(1/tan(")) return ArctanOfReciprocalTangent(s, slot);
   const NodeIdx child = OnlyChild(s, slot);
   if (child == kNoNode) return false;
   const ExprNode& inner_node = s.Pool[child];

@@ -319,7 +319,8 @@ bool NegatedText(Session& s, std::string& text) {
   std::string positive;
   for (NodeIdx c = first; c != kNoNode; c = t[c].Next) {
     if (t[c].Role != kRoleMinus) return false;
-    positive += (positive.empty() ? "" : "+") + t[c].Text;
+    if (!positive.empty()) positive += '+';
+    positive += t[c].Text;
   }
   text = positive;
   return true;

@@ -22,7 +22,8 @@ struct OrderedFactors {
     if (role == kRoleDenominator) {
       text += (text.empty() ? "1/" : "/") + factor;
     } else {
-      text += (text.empty() ? "" : "*") + factor;
+      if (!text.empty()) text += '*';
+      text += factor;
     }
   }
 };

@@ -35,7 +35,24 @@ namespace tavimor {
 
 namespace {
 
-enum class Where { Any, Sum, Product, Power, Function, Variable, Number };
+// Where a row's rules may fire. Beside the shapes, a row may name what every one of its rules
+// asks first (a node kind, a trig mode, an option), so that a node without it is not offered.
+enum class Where {
+  Any,
+  Sum,
+  Product,
+  Power,
+  Function,
+  Variable,
+  Number,
+  FunctionNode,         // a node of the function kind
+  PowerOrFunctionNode,  // a node of the power or the function kind
+  BreakApartFunction,   // trig identities broken apart, at a function node
+  BreakApartPower,      // trig identities broken apart, at a power node
+  CombineProductNode,   // trig identities combined, at a sum-or-product node
+  Combine,              // trig identities combined
+  Pythagoras,           // the Pythagorean rules chosen
+};
 
 struct PassRow {
   int pass;
@@ -60,7 +77,7 @@ const std::vector<PassRow> kPasses = {
      Where::Product,  // collect and sort a product; complex numbers; factor-and-cancel; -(a+b)
      {&CollectProductRule, &ComplexProductRule, &FactorFractionRule, &DistributeMinusOverBracket}},
     {5,
-     Where::Any,  // the written form of powers; ln(1/x) = -ln(x); Euler's formula broken apart
+     Where::PowerOrFunctionNode,  // the written form of powers; ln(1/x) = -ln(x); Euler's formula
      {&ExponentialForm, &RadicalForm, &LogOfReciprocal, &BreakApartEuler}},
     {6, Where::Power, {&PowerRules}},  // powers
     {7,
@@ -73,11 +90,14 @@ const std::vector<PassRow> kPasses = {
      Where::Variable,  // e, p, d as numbers
      {&ConstantToNumber}},
     {9, Where::Number, {&DropPlusOnNumber}},  // +2 -> 2
-    {10,
-     Where::Any,  // trig identities; TrigMode says which may fire
-     {&TrigOfNegative, &TrigAngleShift, &EliminateReciprocalTrig, &BreakApartAngles,
-      &SplitDoubleAngle, &ExpandHalfAngle, &BreakApartTanCot, &CombineToTangent, &PythagorasInTerm,
-      &PythagorasInSum, &CombineAngles, &CombinePhasor, &CombineDoubleCos, &CombineDoubleSine}},
+    // Trig identities, in this order; TrigMode says which may fire.
+    {10, Where::FunctionNode, {&TrigOfNegative, &TrigAngleShift, &EliminateReciprocalTrig}},
+    {10, Where::BreakApartFunction, {&BreakApartAngles, &SplitDoubleAngle}},
+    {10, Where::BreakApartPower, {&ExpandHalfAngle}},
+    {10, Where::BreakApartFunction, {&BreakApartTanCot}},
+    {10, Where::CombineProductNode, {&CombineToTangent}},
+    {10, Where::Pythagoras, {&PythagorasInTerm, &PythagorasInSum}},
+    {10, Where::Combine, {&CombineAngles, &CombinePhasor, &CombineDoubleCos, &CombineDoubleSine}},
 };
 
 bool Matches(const Session& s, NodeIdx n, Where where) {
@@ -96,6 +116,17 @@ bool Matches(const Session& s, NodeIdx n, Where where) {
     }
     case Where::Variable: return ShapeOf(s.Pool, n) == Shape::Letter;
     case Where::Number: return ShapeOf(s.Pool, n) == Shape::Number;
+    case Where::FunctionNode: return s.Pool[n].Kind == kKindFunction;
+    case Where::PowerOrFunctionNode:
+      return s.Pool[n].Kind == kKindPower || s.Pool[n].Kind == kKindFunction;
+    case Where::BreakApartFunction:
+      return s.TrigMode == kTrigBreakApart && s.Pool[n].Kind == kKindFunction;
+    case Where::BreakApartPower:
+      return s.TrigMode == kTrigBreakApart && s.Pool[n].Kind == kKindPower;
+    case Where::CombineProductNode:
+      return s.TrigMode == kTrigCombine && s.Pool[n].Kind == kKindSumOrProduct;
+    case Where::Combine: return s.TrigMode == kTrigCombine;
+    case Where::Pythagoras: return s.PythagorasRules;
   }
   return false;
 }

@@ -12,7 +12,10 @@ std::string JoinStepParts(const StepParts& parts) {
     return parts[0].substr(0, parts[0].size() - 2) + " " + action + "  " + parts[2];
   }
   std::string out;
-  for (std::size_t i = 0; i < parts.size(); ++i) out += (i == 0 ? "" : "   - ") + parts[i];
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (i != 0) out += "   - ";
+    out += parts[i];
+  }
   return out;
 }
 

@@ -63,7 +63,8 @@ std::string BuildLogSide(Session& s, const std::vector<ExponentialRow>& rows, bo
     if (row.Sign == '-') {
       side += "-" + piece;
     } else {
-      side += (side.empty() ? "" : "+") + piece;
+      if (!side.empty()) side += '+';
+      side += piece;
     }
   }
   return side.empty() ? "0" : side;
