@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 #include "core/number_text.h"
 #include "core/scoped_override.h"
@@ -232,6 +233,52 @@ std::string FractionText(const FractionFactors& fraction) {
   return (fraction.minus ? "-" : "") + JoinFactors(fraction.up, fraction.down);
 }
 
+namespace {
+
+std::string FactorsKey(const FractionFactors& fraction) {
+  // Separators that no factor holds: every list of factors has its own key.
+  std::string key(1, fraction.minus ? '-' : '+');
+  for (const std::string& up : fraction.up) key.append(up).push_back('\x1f');
+  key.push_back('\x1e');
+  for (const std::string& down : fraction.down) key.append(down).push_back('\x1f');
+  key.push_back('\x1d');
+  return key;
+}
+
+std::optional<std::string> CanceledFraction(Session& s, const FractionFactors& written,
+                                            const std::string& old_text) {
+  FractionFactors factored;
+  factored.minus = written.minus;
+  bool changed = false;
+  {
+    // Silently, without complex factors. The factoring only asks what the factors are: its own
+    // rewrites do not count against the loop's bound.
+    ScopedOverride rewrites(s.RewriteCount);
+    ScopedOverride detail(s.DetailNow, std::int16_t{0});
+    ScopedOverride complex(s.ComplexForm, std::int16_t{0});
+    changed = FactorSide(s, written.up, false, factored);
+    changed = FactorSide(s, written.down, true, factored) || changed;
+  }
+  if (!CancelFactors(s, factored)) {
+    // A factor that is the negative of one on the other side: its sign goes out first.
+    ScopedOverride minus(s.DistributeMinus, false);
+    if (!FlipSign(s, factored)) return std::nullopt;
+    FractionFactors flipped;
+    flipped.minus = factored.minus;
+    for (const std::string& up : factored.up) AddFactorsOf(s, up, false, flipped);
+    for (const std::string& down : factored.down) AddFactorsOf(s, down, true, flipped);
+    if (!CancelFactors(s, flipped)) return std::nullopt;
+    factored = flipped;
+    changed = true;
+  }
+  if (!changed) return std::nullopt;
+  std::string text = FractionText(factored);
+  if (text == old_text || RegeneratedText(s, text) == old_text) return std::nullopt;
+  return text;
+}
+
+}  // namespace
+
 bool FactorFractionRule(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
   const NodeIdx first = s.Pool[n].FirstChild;
@@ -260,34 +307,17 @@ bool FactorFractionRule(Session& s, NodeIdx& slot) {
   }
   if (written.down.empty() || !sum) return false;
   const std::string old_text = ContentText(s.Pool[n]);
-  FractionFactors factored;
-  factored.minus = written.minus;
-  bool changed = false;
-  {
-    // Silently, without complex factors. The factoring only asks what the factors are: its own
-    // rewrites do not count against the loop's bound.
-    ScopedOverride rewrites(s.RewriteCount);
-    ScopedOverride detail(s.DetailNow, std::int16_t{0});
-    ScopedOverride complex(s.ComplexForm, std::int16_t{0});
-    changed = FactorSide(s, written.up, false, factored);
-    changed = FactorSide(s, written.down, true, factored) || changed;
+  // A fraction whose factoring cancels nothing is asked again at every pass of every
+  // simplification of the item: it is kept as one that stays, and not factored again.
+  const std::string stays_key = OptionKey(s, 'x', FactorsKey(written) + old_text);
+  if (s.FactoredSums.count(stays_key) != 0) return false;
+  const std::optional<std::string> text = CanceledFraction(s, written, old_text);
+  if (!text) {
+    if (s.FactoredSums.size() >= kKeptAnswers) s.FactoredSums.clear();
+    s.FactoredSums.emplace(stays_key, "");
+    return false;
   }
-  if (!CancelFactors(s, factored)) {
-    // A factor that is the negative of one on the other side: its sign goes out first.
-    ScopedOverride minus(s.DistributeMinus, false);
-    if (!FlipSign(s, factored)) return false;
-    FractionFactors flipped;
-    flipped.minus = factored.minus;
-    for (const std::string& up : factored.up) AddFactorsOf(s, up, false, flipped);
-    for (const std::string& down : factored.down) AddFactorsOf(s, down, true, flipped);
-    if (!CancelFactors(s, flipped)) return false;
-    factored = flipped;
-    changed = true;
-  }
-  if (!changed) return false;
-  const std::string text = FractionText(factored);
-  if (text == old_text || RegeneratedText(s, text) == old_text) return false;
-  ReplaceNodeContents(s, slot, text, true);
+  ReplaceNodeContents(s, slot, *text, true);
   s.Message =
       "23#The fraction @" + old_text + "@ can be simplified by first factoring it like this:";
   return true;

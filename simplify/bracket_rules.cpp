@@ -294,8 +294,11 @@ bool DistributeMinusOverBracket(Session& s, NodeIdx& slot) {
 
 bool DropPlusOnNumber(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
+  {
+    const std::string& written = s.Pool[n].Text;
+    if (s.Pool[n].Kind != kKindNumber || written.size() < 2 || written[0] != '+') return false;
+  }
   const std::string text = s.Pool[n].Text;
-  if (s.Pool[n].Kind != kKindNumber || text.size() < 2 || text[0] != '+') return false;
   const NodeIdx parent = ParentOf(s, n);
   if (parent != kNoNode && s.Pool[parent].Role == kRoleExponent && IsBracket(s.Pool[parent]) &&
       s.Pool[n].Prev == kNoNode && s.Pool[n].Next == kNoNode) {

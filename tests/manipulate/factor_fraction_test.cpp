@@ -2,6 +2,7 @@
 // negative of a factor matched, and the fractions it leaves alone.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 
 #include "manipulate/factor_fraction.h"
@@ -69,6 +70,43 @@ TEST_F(FactorFraction, AKeptFactoringIsTheOneWorkedOut) {
     EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
     EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
   }
+}
+
+// How many fractions the session keeps as ones that stay (their keys open with "x").
+std::size_t FractionsKeptAsStaying(const Session& s) {
+  std::size_t count = 0;
+  for (const auto& [key, answer] : s.FactoredSums) count += key[0] == 'x' ? 1 : 0;
+  return count;
+}
+
+TEST_F(FactorFraction, AFractionThatStaysIsKeptAsOneThatStaysUnderItsOptions) {
+  EXPECT_EQ(OnePass("(x+1)/(x^2+1)", 4), "(x+1)/(x^2+1)");
+  EXPECT_FALSE(fired);
+  EXPECT_EQ(FractionsKeptAsStaying(s), 1U);
+  // Asked again, it stays as it is known to.
+  EXPECT_EQ(OnePass("(x+1)/(x^2+1)", 4), "(x+1)/(x^2+1)");
+  EXPECT_FALSE(fired);
+  EXPECT_EQ(FractionsKeptAsStaying(s), 1U);
+  // Under other options it is worked out anew, and kept apart.
+  s.ExactToFloat = true;
+  EXPECT_EQ(OnePass("(x+1)/(x^2+1)", 4), "(x+1)/(x^2+1)");
+  EXPECT_FALSE(fired);
+  EXPECT_EQ(FractionsKeptAsStaying(s), 2U);
+  // A fraction that cancels is not kept as one that stays.
+  s.ExactToFloat = false;
+  EXPECT_EQ(OnePass("(x+1)/(x^2-1)", 4), "(x+1)/(x+1)/(x-1)");
+  EXPECT_TRUE(fired);
+  EXPECT_EQ(FractionsKeptAsStaying(s), 2U);
+}
+
+TEST_F(FactorFraction, AFractionThatCancelsStillCancelsAfterOnesThatStay) {
+  // The same sums in a fraction that stays and in one that cancels: what stays is the fraction,
+  // not its factors.
+  EXPECT_EQ(OnePass("(x+1)/(x-1)", 4), "(x+1)/(x-1)");
+  EXPECT_FALSE(fired);
+  EXPECT_EQ(Run("(x+1)*(x-1)/(x-1)"), "x+1");
+  EXPECT_EQ(OnePass("(x+1)/(x-1)", 4), "(x+1)/(x-1)");
+  EXPECT_FALSE(fired);
 }
 
 // 1/(1+1/(1+...1/(1+x))), `depth` fractions deep.
