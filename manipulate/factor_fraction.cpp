@@ -16,6 +16,7 @@
 #include "manipulate/integer_gcd.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/factor_texts.h"
+#include "simplify/kept_answers.h"
 #include "simplify/simplify_driver.h"
 
 namespace tavimor {
@@ -92,32 +93,6 @@ bool FlipOne(Session& s, std::string& factor, const std::vector<std::string>& ot
     return true;
   }
   return false;
-}
-
-// The options a silent factoring or simplification depends on, as a key.
-std::string OptionKey(const Session& s, char what, const std::string& text) {
-  std::string key(1, what);
-  for (const bool flag : {s.ExactToFloat, s.ExponentToReciprocal, s.ExponentToRadical,
-                          s.ExponentToExponentialFunction, s.SpecialE, s.SpecialP, s.SpecialD,
-                          s.Degrees, s.DistributeMinus, s.ComplexProducts}) {
-    key += flag ? '1' : '0';
-  }
-  key += std::to_string(s.TrigMode) + std::to_string(s.EvaluateInverseTrig) + s.DecimalPoint +
-         s.ProtectedExponent + "|" + text;
-  return key;
-}
-
-// Answers kept in the session, at most this many; then they start afresh.
-constexpr std::size_t kKeptAnswers = 4096;
-
-template <typename Work>
-std::string KeptAnswer(Session& s, char what, const std::string& text, Work work) {
-  const std::string key = OptionKey(s, what, text);
-  if (const auto at = s.FactoredSums.find(key); at != s.FactoredSums.end()) return at->second;
-  std::string answer = work();
-  if (s.FactoredSums.size() >= kKeptAnswers) s.FactoredSums.clear();
-  s.FactoredSums.emplace(key, answer);
-  return answer;
 }
 
 // A division by anything but a number: a sum with fractions of its own is not factored here, so
@@ -310,11 +285,10 @@ bool FactorFractionRule(Session& s, NodeIdx& slot) {
   // A fraction whose factoring cancels nothing is asked again at every pass of every
   // simplification of the item: it is kept as one that stays, and not factored again.
   const std::string stays_key = OptionKey(s, 'x', FactorsKey(written) + old_text);
-  if (s.FactoredSums.count(stays_key) != 0) return false;
+  if (KnownToStay(s, stays_key)) return false;
   const std::optional<std::string> text = CanceledFraction(s, written, old_text);
   if (!text) {
-    if (s.FactoredSums.size() >= kKeptAnswers) s.FactoredSums.clear();
-    s.FactoredSums.emplace(stays_key, "");
+    KeepAsStaying(s, stays_key);
     return false;
   }
   ReplaceNodeContents(s, slot, *text, true);

@@ -23,6 +23,7 @@
 #include "simplify/euler_formula.h"
 #include "simplify/function_values.h"
 #include "simplify/inverse_functions.h"
+#include "simplify/kept_answers.h"
 #include "simplify/log_rules.h"
 #include "simplify/plain_arithmetic.h"
 #include "simplify/plain_quotient.h"
@@ -62,6 +63,21 @@ struct PassRow {
 
 bool FlattenOneBracket(Session& s, NodeIdx& slot) { return FlattenSumBrackets(s, slot, false); }
 
+// A rule that found a node already in its house form finds it so again: the loop offers it the
+// same sums and products at every pass of every simplification of the item. The nodes it left
+// are kept for the item by the rule, the node's kind and text and the options, and passed over.
+template <char What, RewriteRule Rule>
+bool UnlessKnownToStay(Session& s, NodeIdx& slot) {
+  const ExprNode& node = s.Pool[slot];
+  std::string key = OptionKey(s, What, {});
+  key += node.Kind;
+  key += node.Text;
+  if (KnownToStay(s, key)) return false;
+  if (Rule(s, slot)) return true;
+  KeepAsStaying(s, std::move(key));
+  return false;
+}
+
 // The dispatch table. Rows of rule families that are not part of the tutor yet stay empty.
 const std::vector<PassRow> kPasses = {
     {1, Where::Any, {&BracketRule}},  // brackets that say nothing
@@ -72,10 +88,11 @@ const std::vector<PassRow> kPasses = {
     {3,
      Where::Product,  // the shape of a product
      {&CollapseProductSigns, &DropProductBrackets, &DivideByFraction, &MultiplyFractions}},
-    {4, Where::Sum, {&CollectSum}},  // collect and sort a sum
+    {4, Where::Sum, {&UnlessKnownToStay<'S', &CollectSum>}},  // collect and sort a sum
     {4,
      Where::Product,  // collect and sort a product; complex numbers; factor-and-cancel; -(a+b)
-     {&CollectProductRule, &ComplexProductRule, &FactorFractionRule, &DistributeMinusOverBracket}},
+     {&UnlessKnownToStay<'P', &CollectProductRule>, &ComplexProductRule, &FactorFractionRule,
+      &DistributeMinusOverBracket}},
     {5,
      Where::PowerOrFunctionNode,  // the written form of powers; ln(1/x) = -ln(x); Euler's formula
      {&ExponentialForm, &RadicalForm, &LogOfReciprocal, &BreakApartEuler}},
