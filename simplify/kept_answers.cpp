@@ -25,7 +25,11 @@ std::string OptionKey(const Session& s, char what, std::string_view text) {
   }
   for (const int small : {static_cast<int>(s.TrigMode), static_cast<int>(s.EvaluateInverseTrig),
                           static_cast<int>(s.ComplexForm), static_cast<int>(s.ExpandMode)}) {
-    key += std::to_string(small);
+    if (small >= 0 && small <= 9) {
+      key += static_cast<char>('0' + small);  // the usual case, without a conversion
+    } else {
+      key += std::to_string(small);
+    }
     key += ',';
   }
   key += s.DecimalPoint;

@@ -6,7 +6,10 @@
 #include <cstdint>
 #include <string>
 
+#include "core/errors.h"
 #include "simplify/kept_answers.h"
+#include "simplify/simplify_driver.h"
+#include "support/loop_answer.h"
 #include "support/simplify_fixture.h"
 
 namespace tavimor {
@@ -91,6 +94,29 @@ TEST_F(KeptAnswers, AProductThatStaysInOneModeIsCollectedInAnother) {
   s.ExactToFloat = true;
   EXPECT_EQ(OnePass("1/2*x", 4), "0.5*x");
   EXPECT_TRUE(fired);
+}
+
+TEST_F(KeptAnswers, ATextAskedAgainIsAnsweredAsTheLoopAnsweredIt) {
+  s.RewriteCount = 0;
+  const std::string first = SimplifyText(s, "2*x+3*x+x^2");
+  const int rewrites = s.RewriteCount;
+  EXPECT_EQ(first, LoopAnswer(s, "2*x+3*x+x^2"));
+  EXPECT_GT(rewrites, 0);
+  s.RewriteCount = 0;
+  EXPECT_EQ(SimplifyText(s, "2*x+3*x+x^2"), first);
+  // The kept answer counts the rewrites the loop made, against the loop's bound.
+  EXPECT_EQ(s.RewriteCount, rewrites);
+  s.RewriteCount = kRewriteLimit;
+  EXPECT_THROW(SimplifyText(s, "2*x+3*x+x^2"), RunTimeError);
+}
+
+TEST_F(KeptAnswers, ATextAskedUnderOtherOptionsIsWorkedOutAgain) {
+  s.RewriteCount = 0;
+  EXPECT_EQ(SimplifyText(s, "1/2*x+x"), "3/2*x");
+  s.ExactToFloat = true;
+  EXPECT_EQ(SimplifyText(s, "1/2*x+x"), "1.5*x");
+  s.ExactToFloat = false;
+  EXPECT_EQ(SimplifyText(s, "1/2*x+x"), "3/2*x");
 }
 
 TEST_F(KeptAnswers, ManyKeptAnswersStartAfresh) {
