@@ -35,4 +35,9 @@ void SetPiece(std::string& text, int index, std::string_view separator, std::str
   text.replace(start, end == std::string::npos ? std::string::npos : end - start, value);
 }
 
+void AppendPiece(std::string& text, char separator, std::string_view piece) {
+  if (!text.empty()) text += separator;
+  text += piece;
+}
+
 }  // namespace tavimor

@@ -135,10 +135,10 @@ struct CommandState {
   // The system window and its grid (linsys/sys_eq_form.h): lives until the next one starts or
   // the next item is loaded.
   std::shared_ptr<SysEqState> SystemWindow;
-  // Sums factored completely (and negated) by the factor-and-cancel rule, by the text and the
-  // options they were worked out under: the rule asks the same of every fraction at each pass of
-  // the simplify loop. Dropped at every load.
-  std::unordered_map<std::string, std::string> FactoredSums;
+  // Answers kept for the item (simplify/kept_answers.h): silent simplifications and factorings,
+  // and the nodes the loop's rules left as they stand, by question, options and text, asked
+  // again at every pass and round. Dropped at every load.
+  std::unordered_map<std::string, std::string> KeptAnswers;
   // Texts parsed whole into short-lived trees (core/parse_cache.h), by their text: a step asks
   // several questions of the same side. Dropped at every load.
   std::unordered_map<std::string, ParsedText> ParsedTexts;

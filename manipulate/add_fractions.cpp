@@ -40,15 +40,6 @@ struct Term {
   std::string factored;          // the factored denominator as text
 };
 
-std::string Joined(const std::vector<std::string>& factors) {
-  std::string text;
-  for (const std::string& f : factors) {
-    if (!text.empty()) text += '*';
-    text += f;
-  }
-  return text.empty() ? "1" : text;
-}
-
 std::string PowerText(const Power& p) {
   return p.second == 1 ? p.first : p.first + "^" + std::to_string(p.second);
 }
@@ -57,7 +48,7 @@ std::string ProductText(std::int32_t coefficient, const std::vector<Power>& base
   std::vector<std::string> factors;
   if (coefficient != 1) factors.push_back(std::to_string(coefficient));
   for (const Power& p : bases) factors.push_back(PowerText(p));
-  return Joined(factors);
+  return JoinFactors(factors, {});
 }
 
 // a over b: the numerator bracketed when it is a sum, the denominator when it has more than one
@@ -188,7 +179,7 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   const auto fraction = [](const Term& t) { return !t.down.empty(); };
   if (std::none_of(terms.begin(), terms.end(), fraction)) return false;
   const bool trig_only = std::all_of(terms.begin(), terms.end(), [](const Term& t) {
-    return t.up.size() == 1 && IsTrigFunction(t.up[0]) && HoldsTrig(Joined(t.down));
+    return t.up.size() == 1 && IsTrigFunction(t.up[0]) && HoldsTrig(JoinFactors(t.down, {}));
   });
   if (trig_only) return false;
   // 2. Numerators and factored denominators.
@@ -196,10 +187,11 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   for (Term& term : terms) {
     if (term.down.empty()) code |= kFormTermsAsFractions;
     FactorDenominator(s, term);
-    if (!term.down.empty() && term.factored != Joined(term.down)) code |= kFormFactoredDenominators;
+    if (!term.down.empty() && term.factored != JoinFactors(term.down, {}))
+      code |= kFormFactoredDenominators;
   }
   const bool same = std::all_of(terms.begin(), terms.end(), [&](const Term& t) {
-    return !t.down.empty() && Joined(t.down) == Joined(terms[0].down);
+    return !t.down.empty() && JoinFactors(t.down, {}) == JoinFactors(terms[0].down, {});
   });
   if (same) code = kFormSameDenominator;
   // 3. The LCD: each base with its highest power, the LCM of the numbers; a sum that is the
@@ -232,7 +224,7 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
     }
   }
   // Fractions over one denominator keep it as it is written.
-  const std::string lcd_text = same ? Joined(terms[0].down) : ProductText(lcd_number, lcd);
+  const std::string lcd_text = same ? JoinFactors(terms[0].down, {}) : ProductText(lcd_number, lcd);
   if (lcd_text == "1") return false;
   // 4. Each numerator times what its denominator lacks.
   std::vector<std::pair<bool, std::string>> before;
@@ -241,7 +233,7 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
   std::vector<std::pair<bool, std::string>> equivalent;
   std::vector<std::pair<bool, std::string>> numerators;
   for (const Term& term : terms) {
-    const std::string numerator = Joined(term.up);
+    const std::string numerator = JoinFactors(term.up, {});
     std::vector<std::string> lacking;
     if (lcd_number / term.coefficient != 1)
       lacking.push_back(std::to_string(lcd_number / term.coefficient));
@@ -254,9 +246,10 @@ bool AddAtSum(Session& s, NodeIdx& root, NodeIdx& sum, FractionSum& out) {
     }
     std::string multiplied = numerator;
     if (!lacking.empty())
-      multiplied = numerator == "1" ? Joined(lacking) : numerator + "*" + Joined(lacking);
+      multiplied =
+          numerator == "1" ? JoinFactors(lacking, {}) : numerator + "*" + JoinFactors(lacking, {});
     const std::string written =
-        term.down.empty() ? numerator : Over(s, numerator, Joined(term.down));
+        term.down.empty() ? numerator : Over(s, numerator, JoinFactors(term.down, {}));
     as_fractions.emplace_back(term.minus, term.down.empty() ? numerator + "/1" : written);
     factored.emplace_back(term.minus,
                           term.down.empty() ? numerator + "/1" : Over(s, numerator, term.factored));

@@ -9,6 +9,7 @@
 #include "core/errors.h"
 #include "core/node_pool.h"
 #include "core/number_text.h"
+#include "core/pieces.h"
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
@@ -176,8 +177,7 @@ std::string RebuiltSum(Session& s, NodeIdx sum, NodeIdx first, NodeIdx second,
     if (minus) {
       text += "-" + body;
     } else {
-      if (!text.empty()) text += '+';
-      text += body;
+      AppendPiece(text, '+', body);
     }
   }
   return text;

@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include "core/pieces.h"
+
 namespace tavimor {
 
 bool IsBracketedSum(const Session& s, NodeIdx n) {
@@ -66,8 +68,7 @@ std::string DistributeProductOver(const Session& s, NodeIdx product, NodeIdx bra
     }
     if (factor.Kind == kKindNumber && factor.Text == "+") continue;
     std::string& side = seen_bracket ? after : before;
-    if (!side.empty()) side += '*';
-    side += UnsignedFactor(factor, sign);
+    AppendPiece(side, '*', UnsignedFactor(factor, sign));
   }
   std::string text;
   for (NodeIdx t = s.Pool[bracket].FirstChild; t != kNoNode; t = s.Pool[t].Next) {
@@ -75,14 +76,8 @@ std::string DistributeProductOver(const Session& s, NodeIdx product, NodeIdx bra
     std::string body = term.Text;
     if (body == "1" && (!before.empty() || !after.empty())) body.clear();
     std::string piece = before;
-    if (!body.empty()) {
-      if (!piece.empty()) piece += '*';
-      piece += body;
-    }
-    if (!after.empty()) {
-      if (!piece.empty()) piece += '*';
-      piece += after;
-    }
+    if (!body.empty()) AppendPiece(piece, '*', body);
+    if (!after.empty()) AppendPiece(piece, '*', after);
     if (piece.empty()) piece = "1";
     text += std::string(1, SignProduct(sign, term.Role)) + piece + denominators;
   }
@@ -104,8 +99,7 @@ std::string DistributeDenominator(const Session& s, NodeIdx product, NodeIdx bra
     }
     if (factor.Kind == kKindNumber && factor.Text == "+") continue;
     std::string& side = factor.Role == kRoleDenominator ? others : numerator;
-    if (!side.empty()) side += '*';
-    side += UnsignedFactor(factor, sign);
+    AppendPiece(side, '*', UnsignedFactor(factor, sign));
   }
   if (numerator.empty()) numerator = "1";
   if (sign == '-') numerator = "-" + numerator;

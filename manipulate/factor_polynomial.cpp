@@ -4,6 +4,7 @@
 
 #include "core/node_queries.h"
 #include "core/number_format.h"
+#include "core/pieces.h"
 #include "manipulate/factor.h"
 #include "manipulate/polynomial.h"
 #include "simplify/simplify_driver.h"
@@ -148,10 +149,7 @@ bool FactorPolynomial(Session& s, const std::string& part, FactorFinding& found)
     }
   }
   std::string product;
-  for (const std::string& f : factors) {
-    if (!product.empty()) product += '*';
-    product += f;
-  }
+  for (const std::string& f : factors) AppendPiece(product, '*', f);
   found.code = kMethodNumeric;
   found.factored = SimplifyText(s, product);
   found.values = {found.factored};

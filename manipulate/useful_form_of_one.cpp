@@ -120,16 +120,8 @@ void SplitFraction(Session& s, const std::string& text, std::string& numerator,
       top.push_back(f.Text);
     }
   }
-  auto join = [](const std::vector<std::string>& parts) {
-    std::string joined;
-    for (const std::string& part : parts) {
-      if (!joined.empty()) joined += '*';
-      joined += part;
-    }
-    return joined.empty() ? std::string("1") : joined;
-  };
-  numerator = sign + join(top);
-  denominator = join(bottom);
+  numerator = sign + JoinFactors(top, {});
+  denominator = JoinFactors(bottom, {});
 }
 
 bool CreateUFOO2(Session& s, const std::string& text, std::string& conjugate, std::string& kind) {

@@ -11,10 +11,10 @@ ItemShape LoadItemTrees(Session& s, const std::string& input) {
   s.HelpNumber = 0;
   InitFunctionTable(s);
   InitNodePool(s);
-  // The sides set as text, the sums factored and the texts parsed belong to the item they were
+  // The sides set as text, the answers kept and the texts parsed belong to the item they were
   // worked out for (a batch that loads the same items again then does all their work again).
   s.SetSidesOfItem.reset();
-  s.FactoredSums.clear();
+  s.KeptAnswers.clear();
   s.ParsedTexts.clear();
   NewNode(s);  // node 2
   NewNode(s);  // node 3

@@ -5,6 +5,7 @@
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/parse.h"
+#include "core/pieces.h"
 #include "core/regenerate.h"
 #include "core/scoped_override.h"
 #include "core/tree_edit.h"
@@ -68,8 +69,7 @@ void OtherFactors(const Session& s, NodeIdx product, NodeIdx except, std::string
   for (NodeIdx c = s.Pool[product].FirstChild; c != kNoNode; c = s.Pool[c].Next) {
     if (c == except) continue;
     std::string& list = s.Pool[c].Role == kRoleDenominator ? denominators : numerators;
-    if (!list.empty()) list += '*';
-    list += s.Pool[c].Text;
+    AppendPiece(list, '*', s.Pool[c].Text);
   }
   // A leading lone sign reads as a plain sign.
   if (numerators.rfind("-*", 0) == 0 || numerators.rfind("+*", 0) == 0) numerators.erase(1, 1);
@@ -294,11 +294,9 @@ bool DistributeMinusOverBracket(Session& s, NodeIdx& slot) {
 
 bool DropPlusOnNumber(Session& s, NodeIdx& slot) {
   const NodeIdx n = slot;
-  {
-    const std::string& written = s.Pool[n].Text;
-    if (s.Pool[n].Kind != kKindNumber || written.size() < 2 || written[0] != '+') return false;
-  }
-  const std::string text = s.Pool[n].Text;
+  const ExprNode& number = s.Pool[n];
+  if (number.Kind != kKindNumber || number.Text.size() < 2 || number.Text[0] != '+') return false;
+  const std::string text = number.Text;
   const NodeIdx parent = ParentOf(s, n);
   if (parent != kNoNode && s.Pool[parent].Role == kRoleExponent && IsBracket(s.Pool[parent]) &&
       s.Pool[n].Prev == kNoNode && s.Pool[n].Next == kNoNode) {

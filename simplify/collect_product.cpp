@@ -11,6 +11,7 @@
 #include "core/errors.h"
 #include "core/node_pool.h"
 #include "core/number_text.h"
+#include "core/pieces.h"
 #include "core/text_predicates.h"
 #include "manipulate/reduce_fraction.h"
 #include "simplify/bracket_rules.h"
@@ -312,15 +313,9 @@ bool CollectProduct(Session& s, NodeIdx& slot, int& level) {
   }
   // 8. The new text.
   std::string up;
-  for (const std::string& f : out.numerator) {
-    if (!up.empty()) up += '*';
-    up += f;
-  }
+  for (const std::string& f : out.numerator) AppendPiece(up, '*', f);
   std::string down;
-  for (const std::string& f : out.denominator) {
-    if (!down.empty()) down += '/';
-    down += f;
-  }
+  for (const std::string& f : out.denominator) AppendPiece(down, '/', f);
   const std::string text = FormatCoefficient(s, a, b, up, down);
   // Brackets that the tree does not keep are no change.
   if (text == old_text || RegeneratedText(s, text) == old_text) return false;

@@ -11,6 +11,7 @@
 
 #include "core/node_pool.h"
 #include "core/number_text.h"
+#include "core/pieces.h"
 #include "manipulate/reduce_fraction.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
@@ -94,14 +95,12 @@ SplitParts SplitTerm(Session& s, NodeIdx term) {
       if (number) {
         parts.denominator *= SnapToInteger(s, factor.Text);
       } else {
-        if (!parts.denominator_text.empty()) parts.denominator_text += '/';
-        parts.denominator_text += factor.Text;
+        AppendPiece(parts.denominator_text, '/', factor.Text);
       }
     } else if (number) {
       parts.numerator *= SnapToInteger(s, factor.Text);
     } else {
-      if (!parts.numerator_text.empty()) parts.numerator_text += '*';
-      parts.numerator_text += factor.Text;
+      AppendPiece(parts.numerator_text, '*', factor.Text);
     }
   }
   parts.numerator *= sign;

@@ -2,6 +2,7 @@
 #include "simplify/factor_texts.h"
 
 #include "core/number_text.h"
+#include "core/pieces.h"
 #include "core/text_predicates.h"
 
 namespace tavimor {
@@ -58,10 +59,7 @@ bool IsNumberToken(const Session& s, const std::string& text) {
 std::string JoinFactors(const std::vector<std::string>& numerator,
                         const std::vector<std::string>& denominator) {
   std::string text;
-  for (const std::string& factor : numerator) {
-    if (!text.empty()) text += '*';
-    text += factor;
-  }
+  for (const std::string& factor : numerator) AppendPiece(text, '*', factor);
   if (text.empty()) text = "1";
   for (const std::string& factor : denominator) text += "/" + factor;
   return text;

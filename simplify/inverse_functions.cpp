@@ -279,17 +279,12 @@ bool FunctionOfFunction(Session& s, NodeIdx& slot) {
   if (StartsWith(node.Text, "arctan(1/tan(")) return ArctanOfReciprocalTangent(s, slot);
   // Every form below has one function or power inside: others are passed over before their
   // text is copied.
-  {
-    const NodeIdx only = OnlyChild(s, slot);
-    if (only == kNoNode) return false;
-    const char kind = s.Pool[only].Kind;
-    if (kind != kKindFunction && kind != kKindPower) return false;
-  }
-  const std::string old_text = node.Text;
-  const std::string outer = FunctionNameOf(old_text);
   const NodeIdx child = OnlyChild(s, slot);
   if (child == kNoNode) return false;
   const ExprNode& inner_node = s.Pool[child];
+  if (inner_node.Kind != kKindFunction && inner_node.Kind != kKindPower) return false;
+  const std::string old_text = node.Text;
+  const std::string outer = FunctionNameOf(old_text);
   if (inner_node.Kind == kKindFunction && inner_node.Role == kRoleNone) {
     const std::string inner = FunctionNameOf(inner_node.Text);
     int row = 0;

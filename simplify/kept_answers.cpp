@@ -39,13 +39,18 @@ std::string OptionKey(const Session& s, char what, std::string_view text) {
   return key;
 }
 
+const std::string* FindKeptAnswer(const Session& s, const std::string& key) {
+  const auto at = s.KeptAnswers.find(key);
+  return at == s.KeptAnswers.end() ? nullptr : &at->second;
+}
+
 void KeepAnswer(Session& s, std::string key, const std::string& answer) {
-  if (s.FactoredSums.size() >= kKeptAnswers) s.FactoredSums.clear();
-  s.FactoredSums.emplace(std::move(key), answer);
+  if (s.KeptAnswers.size() >= kKeptAnswers) s.KeptAnswers.clear();
+  s.KeptAnswers.emplace(std::move(key), answer);
 }
 
 bool KnownToStay(const Session& s, const std::string& key) {
-  return s.FactoredSums.find(key) != s.FactoredSums.end();
+  return FindKeptAnswer(s, key) != nullptr;
 }
 
 void KeepAsStaying(Session& s, std::string key) { KeepAnswer(s, std::move(key), ""); }

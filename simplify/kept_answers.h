@@ -14,6 +14,9 @@ namespace tavimor {
 // question) and the text it was asked of, as a key.
 std::string OptionKey(const Session& s, char what, std::string_view text);
 
+// The answer kept under the key, or null.
+const std::string* FindKeptAnswer(const Session& s, const std::string& key);
+
 // Keeps an answer under the key.
 void KeepAnswer(Session& s, std::string key, const std::string& answer);
 
@@ -22,7 +25,7 @@ void KeepAnswer(Session& s, std::string key, const std::string& answer);
 template <typename Work>
 std::string KeptAnswer(Session& s, char what, const std::string& text, Work work) {
   std::string key = OptionKey(s, what, text);
-  if (const auto at = s.FactoredSums.find(key); at != s.FactoredSums.end()) return at->second;
+  if (const std::string* kept = FindKeptAnswer(s, key)) return *kept;
   std::string answer = work();
   KeepAnswer(s, std::move(key), answer);
   return answer;

@@ -72,11 +72,7 @@ bool LogOfReciprocal(Session& s, NodeIdx& slot) {
   }
   if (q.empty()) return false;
   const std::string name = FunctionNameOf(node.Text);
-  std::string product;
-  for (const std::string& factor : q) {
-    if (!product.empty()) product += '*';
-    product += factor;
-  }
+  const std::string product = JoinFactors(q, {});
   const std::string help = name == "ln" ? "242#" : "243#";
   RewriteFunctionAs(s, slot, "-" + name + "(" + product + ")",
                     help + "Simplify using the property of logarithms that @" + name + "(1/Q)=-" +

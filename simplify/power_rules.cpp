@@ -9,6 +9,7 @@
 #include "core/evaluate.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
+#include "core/pieces.h"
 #include "core/temp_tree.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/coefficients.h"
@@ -319,8 +320,7 @@ bool NegatedText(Session& s, std::string& text) {
   std::string positive;
   for (NodeIdx c = first; c != kNoNode; c = t[c].Next) {
     if (t[c].Role != kRoleMinus) return false;
-    if (!positive.empty()) positive += '+';
-    positive += t[c].Text;
+    AppendPiece(positive, '+', t[c].Text);
   }
   text = positive;
   return true;

@@ -10,6 +10,7 @@
 #include "simplify/simplify_driver.h"
 #include "simplify/step_parts.h"
 
+#include "core/pieces.h"
 namespace tavimor {
 
 namespace {
@@ -22,8 +23,7 @@ struct OrderedFactors {
     if (role == kRoleDenominator) {
       text += (text.empty() ? "1/" : "/") + factor;
     } else {
-      if (!text.empty()) text += '*';
-      text += factor;
+      AppendPiece(text, '*', factor);
     }
   }
 };

@@ -148,8 +148,11 @@ bool Matches(const Session& s, NodeIdx n, Where where) {
   return false;
 }
 
-void CountRewrite(Session& s) {
-  if (++s.RewriteCount > kRewriteLimit) {
+// Counts rewrites against the loop's bound: past it, the run-time error of a loop that does not
+// end.
+void CountRewrites(Session& s, int count) {
+  s.RewriteCount += count;
+  if (s.RewriteCount > kRewriteLimit) {
     throw RunTimeError(RunTimeErrorNumber::Overflow, "The simplify loop does not come to an end");
   }
 }
@@ -198,7 +201,7 @@ bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
       ++pass;
       continue;
     }
-    CountRewrite(s);
+    CountRewrites(s, 1);
     RaiseStepLevel(s.Message, step_level);
     RegenerateAll(s, root);
     if (s.Message != kSkipMessage) {
@@ -228,14 +231,11 @@ std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
   // next test): the loop's answer is kept for the item with the count of its rewrites, which a
   // text asked again adds to the loop's bound as the loop would have.
   std::string key = OptionKey(s, 'L', text);
-  if (const auto at = s.FactoredSums.find(key); at != s.FactoredSums.end()) {
-    const std::string& kept = at->second;
-    const std::size_t bar = kept.find('|');
-    s.RewriteCount += std::stoi(kept.substr(0, bar));
-    if (s.RewriteCount > kRewriteLimit) {
-      throw RunTimeError(RunTimeErrorNumber::Overflow, "The simplify loop does not come to an end");
-    }
-    std::string result = kept.substr(bar + 1);
+  if (const std::string* kept = FindKeptAnswer(s, key)) {
+    // Kept as "<rewrites>|<answer>".
+    const std::size_t bar = kept->find('|');
+    CountRewrites(s, std::stoi(kept->substr(0, bar)));
+    std::string result = kept->substr(bar + 1);
     changed = result != text;
     return result;
   }

@@ -6,6 +6,7 @@
 
 #include "core/brackets.h"
 #include "core/node_pool.h"
+#include "core/pieces.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
 #include "manipulate/factor.h"
@@ -63,8 +64,7 @@ std::string BuildLogSide(Session& s, const std::vector<ExponentialRow>& rows, bo
     if (row.Sign == '-') {
       side += "-" + piece;
     } else {
-      if (!side.empty()) side += '+';
-      side += piece;
+      AppendPiece(side, '+', piece);
     }
   }
   return side.empty() ? "0" : side;

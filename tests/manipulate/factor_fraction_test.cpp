@@ -75,7 +75,7 @@ TEST_F(FactorFraction, AKeptFactoringIsTheOneWorkedOut) {
 // How many fractions the session keeps as ones that stay (their keys open with "x").
 std::size_t FractionsKeptAsStaying(const Session& s) {
   std::size_t count = 0;
-  for (const auto& [key, answer] : s.FactoredSums) count += key[0] == 'x' ? 1 : 0;
+  for (const auto& [key, answer] : s.KeptAnswers) count += key[0] == 'x' ? 1 : 0;
   return count;
 }
 

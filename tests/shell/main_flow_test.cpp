@@ -562,11 +562,11 @@ TEST_F(MainFlow, SumsFactoredForAnItemAreDroppedAtTheNextLoad) {
   ASSERT_TRUE(Load("(x^2-1)/(x-1)"));
   std::string error;
   ASSERT_EQ(PressButton(s, "cmdSimplify", false, error), PressOutcome::Done);
-  EXPECT_FALSE(s.FactoredSums.empty());
+  EXPECT_FALSE(s.KeptAnswers.empty());
   // Loading the same item again works its factorings out again: a batch that repeats its items
   // measures real work.
   ASSERT_TRUE(Load("(x^2-1)/(x-1)"));
-  EXPECT_TRUE(s.FactoredSums.empty());
+  EXPECT_TRUE(s.KeptAnswers.empty());
 }
 
 TEST_F(MainFlow, TextsParsedForAnItemAreDroppedAtTheNextLoad) {

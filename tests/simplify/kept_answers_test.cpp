@@ -20,7 +20,7 @@ class KeptAnswers : public SimplifyTest {
   // How many keys of the session open with the letter.
   std::size_t KeptUnder(char what) const {
     std::size_t count = 0;
-    for (const auto& [key, answer] : s.FactoredSums) count += key[0] == what ? 1 : 0;
+    for (const auto& [key, answer] : s.KeptAnswers) count += key[0] == what ? 1 : 0;
     return count;
   }
 };
@@ -121,7 +121,7 @@ TEST_F(KeptAnswers, ATextAskedUnderOtherOptionsIsWorkedOutAgain) {
 
 TEST_F(KeptAnswers, ManyKeptAnswersStartAfresh) {
   for (int i = 0; i < 5000; ++i) KeepAsStaying(s, "k" + std::to_string(i));
-  EXPECT_LE(s.FactoredSums.size(), 4096U);
+  EXPECT_LE(s.KeptAnswers.size(), 4096U);
   EXPECT_TRUE(KnownToStay(s, "k4999"));
   EXPECT_FALSE(KnownToStay(s, "k0"));
 }
