@@ -49,5 +49,15 @@ TEST(Pieces, SetPieceBeyondTheCountAddsEmptyPieces) {
   EXPECT_EQ(text, "a;;c");
 }
 
+TEST(Pieces, AppendedPiecesAreSeparatedAfterTheFirst) {
+  std::string text;
+  AppendPiece(text, '*', "x");
+  EXPECT_EQ(text, "x");
+  AppendPiece(text, '*', "(x+1)");
+  AppendPiece(text, '*', "");
+  EXPECT_EQ(text, "x*(x+1)*");
+  EXPECT_EQ(CountPieces(text, "*"), 3);
+}
+
 }  // namespace
 }  // namespace tavimor
