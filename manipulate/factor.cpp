@@ -13,6 +13,7 @@
 #include "core/temp_tree.h"
 #include "manipulate/distribute.h"
 #include "manipulate/expand.h"
+#include "manipulate/plain_expansion.h"
 #include "present/step_markup.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
@@ -47,8 +48,10 @@ NodeIdx PowerBase(const Session& s, NodeIdx power) { return s.Pool[s.Pool[power]
 }  // namespace
 
 std::string ExpandedText(Session& s, const std::string& text) {
-  // Arithmetic of whole numbers has nothing to expand: it is worked out.
+  // Arithmetic of whole numbers has nothing to expand: it is worked out; and products of sums
+  // in one letter with whole coefficients are multiplied out as numbers.
   if (std::optional<std::string> plain = PlainArithmetic(s, text)) return *std::move(plain);
+  if (std::optional<std::string> plain = PlainExpansion(s, text)) return *std::move(plain);
   return ExpandedTextByRules(s, text);
 }
 

@@ -1,6 +1,8 @@
 // Tests of the polynomial view of an expression and of the driver's moves on both sides.
 #include <gtest/gtest.h>
 
+#include <exception>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -68,6 +70,58 @@ TEST_F(PolynomialViewTest, CoefficientsNotWrittenPlainlyAreExpanded) {
   EXPECT_EQ(ClassifyPolynomial(s, "x^2-x^2+x", "x").QuadCoef, ExpandedText(s, "(x^2-x^2)/x^2"));
   EXPECT_EQ(ClassifyTerms(s, "3*x^2-2*x+5", "x").QuadCoef, "0");  // not asked for
   EXPECT_EQ(ClassifyTerms(s, "3*x^2-2*x+5", "x").ConstTerm, "5");
+}
+
+TEST_F(PolynomialViewTest, CoefficientsReadOffTheFactorsAreThoseOfTheExpansion) {
+  // A coefficient made of other factors (logarithms, roots, letters, fractions, a sign, numbers
+  // written in every way) is the quotient read off the factors, expanded where they allow: it
+  // must be what expanding the whole fraction gives.
+  const std::vector<std::string> factors = {
+      "log(3)", "sqrt(2)", "a",  "pi",         "5",   "(a+1)", "ln(7)", "e",   "b",  "-",
+      "/2",     "/a",      "05", "1000000000", "0.5", "1.50",  "0",     "/05", "/0", "2E3"};
+  std::mt19937 random(9);
+  auto pick = [&random](std::size_t n) { return random() % n; };
+  int checked = 0;
+  for (int i = 0; i < 600; ++i) {
+    const std::string power = pick(3) == 0 ? "x^2" : "x";
+    std::string expression;
+    const std::size_t terms = 1 + pick(3);
+    for (std::size_t t = 0; t < terms; ++t) {
+      std::string term = power;
+      for (std::size_t f = pick(3); f > 0; --f) {
+        const std::string& factor = factors[pick(factors.size())];
+        if (factor == "-") {
+          term = "-" + term;
+        } else if (factor[0] == '/') {
+          term += factor;
+        } else {
+          term = pick(2) == 0 ? factor + "*" + term : term + "*" + factor;
+        }
+      }
+      if (t > 0 && term[0] != '-') term = (pick(2) == 0 ? "+" : "-") + term;
+      expression += term;
+    }
+    expression += "+1";
+    // Both ways either give the same coefficient or fail alike (a division by zero, 0/0).
+    std::string coefficient;
+    std::string expected;
+    try {
+      const PolynomialView view = ClassifyPolynomial(s, expression, "x");
+      const std::string& terms_of_power = power == "x" ? view.LinTerms : view.QuadTerms;
+      if (terms_of_power == "0") continue;
+      coefficient = power == "x" ? view.LinCoef : view.QuadCoef;
+      s.RewriteCount = 0;
+      expected = ExpandedTextByRules(s, "(" + terms_of_power + ")/" + power);
+    } catch (const std::exception&) {
+      coefficient = expected = "";
+      const PolynomialView view = ClassifyTerms(s, expression, "x");
+      const std::string& terms_of_power = power == "x" ? view.LinTerms : view.QuadTerms;
+      EXPECT_ANY_THROW(ExpandedTextByRules(s, "(" + terms_of_power + ")/" + power)) << expression;
+    }
+    EXPECT_EQ(coefficient, expected) << expression;
+    ++checked;
+  }
+  EXPECT_GT(checked, 400);
 }
 
 using EquationMoves = SessionTest;
