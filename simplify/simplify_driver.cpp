@@ -26,6 +26,7 @@
 #include "simplify/kept_answers.h"
 #include "simplify/log_rules.h"
 #include "simplify/plain_arithmetic.h"
+#include "simplify/plain_polynomial.h"
 #include "simplify/plain_quotient.h"
 #include "simplify/power_rules.h"
 #include "simplify/product_rules.h"
@@ -217,13 +218,17 @@ bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
 }
 
 std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
-  // Arithmetic of whole numbers is worked out, and a quotient of one letter's powers read off its
-  // numbers.
+  // Arithmetic of whole numbers is worked out, a quotient of one letter's powers read off its
+  // numbers, and the like terms of a sum in one letter collected as numbers.
   if (std::optional<std::string> plain = PlainArithmetic(s, text)) {
     changed = *plain != text;
     return *std::move(plain);
   }
   if (std::optional<std::string> plain = PlainQuotient(s, text)) {
+    changed = *plain != text;
+    return *std::move(plain);
+  }
+  if (std::optional<std::string> plain = PlainPolynomial(s, text)) {
     changed = *plain != text;
     return *std::move(plain);
   }
