@@ -17,7 +17,7 @@ namespace {
 
 // Below 1E9 a whole number is written with all its digits, and the product of two is exact.
 constexpr std::int64_t kBound = 1'000'000'000;
-constexpr int kMostDegree = 9;
+constexpr int kMostDegree = 4;
 
 // p/q in lowest terms, q > 0.
 struct Ratio {
@@ -27,9 +27,19 @@ struct Ratio {
 
 std::optional<Ratio> Made(std::int64_t p, std::int64_t q) {
   if (q == 0) return std::nullopt;
-  ToLowestTerms(p, q);
+  if (p == 0) return Ratio{0, 1};
+  if (q != 1) ToLowestTerms(p, q);
   if (std::llabs(p) >= kBound || q >= kBound) return std::nullopt;
   return Ratio{p, q};
+}
+
+// a + b (or a - b), or nothing past the bound.
+std::optional<Ratio> Added(const Ratio& a, const Ratio& b, bool subtract) {
+  if (b.p == 0) return a;
+  const std::int64_t bp = subtract ? -b.p : b.p;
+  if (a.p == 0) return Ratio{bp, b.q};
+  if (a.q == 1 && b.q == 1) return Made(a.p + bp, 1);
+  return Made(a.p * b.q + bp * a.q, a.q * b.q);
 }
 
 // A polynomial in the letter: the coefficient of each power, the constant first.
@@ -38,8 +48,7 @@ using Polynomial = std::array<Ratio, kMostDegree + 1>;
 std::optional<Polynomial> Plus(const Polynomial& a, const Polynomial& b, bool subtract) {
   Polynomial sum;
   for (std::size_t i = 0; i <= kMostDegree; ++i) {
-    const std::int64_t p = b[i].p * a[i].q;
-    const std::optional<Ratio> r = Made(a[i].p * b[i].q + (subtract ? -p : p), a[i].q * b[i].q);
+    const std::optional<Ratio> r = Added(a[i], b[i], subtract);
     if (!r) return std::nullopt;
     sum[i] = *r;
   }
@@ -56,9 +65,7 @@ std::optional<Polynomial> Times(const Polynomial& a, const Polynomial& b) {
       if (i + j > kMostDegree) return std::nullopt;
       const std::optional<Ratio> term = Made(a[i].p * b[j].p, a[i].q * b[j].q);
       if (!term) return std::nullopt;
-      const Ratio& before = product[i + j];
-      const std::optional<Ratio> r =
-          Made(before.p * term->q + term->p * before.q, before.q * term->q);
+      const std::optional<Ratio> r = Added(product[i + j], *term, false);
       if (!r) return std::nullopt;
       product[i + j] = *r;
     }
