@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "core/expr_node.h"
+#include "simplify/coefficients.h"
 
 namespace tavimor {
 
@@ -129,9 +130,25 @@ class Reader {
   std::size_t at_ = 0;
 };
 
+// In floating point, "p/q" or "-p/q" of whole numbers that do not divide: one division, written
+// as the loop writes a number ("77/4" is 19.25).
+std::optional<std::string> FloatingQuotient(const Session& s, std::string_view text) {
+  if (!s.ExactToFloat) return std::nullopt;
+  const bool minus = !text.empty() && text[0] == '-';
+  if (minus) text.remove_prefix(1);
+  const std::size_t bar = text.find('/');
+  if (bar == std::string_view::npos) return std::nullopt;
+  const std::optional<std::int64_t> p = PlainWholeNumber(text.substr(0, bar));
+  const std::optional<std::int64_t> q = PlainWholeNumber(text.substr(bar + 1));
+  if (!p || !q || *p == 0 || *q == 0 || *p % *q == 0) return std::nullopt;
+  const double value = static_cast<double>(*p) / static_cast<double>(*q);
+  return FormatValue(s, minus ? -value : value);
+}
+
 }  // namespace
 
 std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text) {
+  if (std::optional<std::string> quotient = FloatingQuotient(s, text)) return quotient;
   const std::optional<Fraction> value = Reader(text, s.ExactToFloat).Whole();
   if (!value) return std::nullopt;
   return LowestTermsText(value->p, value->q);

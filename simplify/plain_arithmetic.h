@@ -17,7 +17,8 @@ namespace tavimor {
 // answer otherwise: a number of 1E9 or more along the way, a division by zero, 0^0, a sign after
 // an operator. A sign may open the text or a bracket. In floating-point arithmetic only halves,
 // quarters and so on down to 1/1024 may occur along the way (each held exactly), and the answer
-// must be whole.
+// must be whole, except for a lone quotient "p/q" or "-p/q", which is one division written as
+// the loop writes a number ("77/4" is 19.25).
 std::optional<std::string> PlainArithmetic(const Session& s, const std::string& text);
 
 // The digits of a whole number below 1E9 written without a leading zero ("0" itself is one), as

@@ -80,6 +80,31 @@ TEST_F(PlainArithmeticTest, HalvesAndQuartersInFloatingPointAreTheLoops) {
   EXPECT_GT(worked, 200);
 }
 
+TEST_F(PlainArithmeticTest, AQuotientInFloatingPointIsWrittenAsTheLoopWritesIt) {
+  s.ExactToFloat = true;
+  std::mt19937 random(23);
+  int worked = 0;
+  for (int i = 0; i < 3000; ++i) {
+    const int digits_p = 1 + static_cast<int>(random() % 9);
+    const int digits_q = 1 + static_cast<int>(random() % 9);
+    auto number = [&random](int digits) {
+      std::string text = std::to_string(1 + random() % 9);
+      for (int d = 1; d < digits; ++d) text += std::to_string(random() % 10);
+      return text;
+    };
+    const std::string text =
+        std::string(random() % 3 == 0 ? "-" : "") + number(digits_p) + "/" + number(digits_q);
+    const std::optional<std::string> plain = PlainArithmetic(s, text);
+    if (!plain) continue;
+    ++worked;
+    EXPECT_EQ(*plain, LoopAnswer(s, text)) << text;
+  }
+  EXPECT_GT(worked, 2500);
+  s.DecimalPoint = ",";
+  EXPECT_EQ(PlainArithmetic(s, "77/4"), LoopAnswer(s, "77/4"));
+  EXPECT_EQ(PlainArithmetic(s, "-1/3"), LoopAnswer(s, "-1/3"));
+}
+
 TEST_F(PlainArithmeticTest, TheAnswersStandUnderEveryOption) {
   const std::vector<std::function<void()>> settings = {
       [this] { s.ExactToFloat = true; },
@@ -114,8 +139,11 @@ TEST_F(PlainArithmeticTest, OtherTextsGoThroughTheLoop) {
   }
   s.ExactToFloat = true;
   EXPECT_FALSE(PlainArithmetic(s, "1/3*3"));  // 0.333333333333333*3 in floating point
-  EXPECT_FALSE(PlainArithmetic(s, "1/2"));    // 0.5, written by the loop
+  EXPECT_EQ(PlainArithmetic(s, "1/2"), "0.5");
   EXPECT_FALSE(PlainArithmetic(s, "1/2048*2048"));
+  EXPECT_EQ(PlainArithmetic(s, "0/7"), LoopAnswer(s, "0/7"));
+  EXPECT_FALSE(PlainArithmetic(s, "1/0"));
+  EXPECT_FALSE(PlainArithmetic(s, "1/-2"));
   EXPECT_EQ(PlainArithmetic(s, "6/3+1"), "3");
   EXPECT_EQ(PlainArithmetic(s, "2*(1/2)^2+3*(1/2)-2"), "0");
 }
