@@ -80,6 +80,49 @@ bool IsNumber(const Polynomial& a) {
   return true;
 }
 
+bool IsZero(const Polynomial& a) {
+  for (const Ratio& c : a) {
+    if (c.p != 0) return false;
+  }
+  return true;
+}
+
+// The power of the one term of a monomial; -1 for none or for two or more terms.
+int MonomialPower(const Polynomial& a) {
+  int power = -1;
+  for (std::size_t i = 0; i <= kMostDegree; ++i) {
+    if (a[i].p == 0) continue;
+    if (power >= 0) return -1;
+    power = static_cast<int>(i);
+  }
+  return power;
+}
+
+// The quotient of a monomial by a monomial of no higher power (a number other than 0 included);
+// nothing for any other pair.
+std::optional<Polynomial> Over(const Polynomial& a, const Polynomial& b) {
+  const int top = MonomialPower(a);
+  const int bottom = MonomialPower(b);
+  Polynomial quotient;
+  if (IsNumber(b)) {
+    if (b[0].p == 0) return std::nullopt;
+    for (std::size_t i = 0; i <= kMostDegree; ++i) {
+      if (a[i].p == 0) continue;
+      const std::optional<Ratio> r = Made(a[i].p * b[0].q, a[i].q * b[0].p);
+      if (!r) return std::nullopt;
+      quotient[i] = *r;
+    }
+    return quotient;
+  }
+  if (top < bottom || bottom < 1) return std::nullopt;
+  const Ratio& up = a[static_cast<std::size_t>(top)];
+  const Ratio& down = b[static_cast<std::size_t>(bottom)];
+  const std::optional<Ratio> r = Made(up.p * down.q, up.q * down.p);
+  if (!r) return std::nullopt;
+  quotient[static_cast<std::size_t>(top - bottom)] = *r;
+  return quotient;
+}
+
 // A factor as read: its polynomial, and whether it was a bracketed sum of two or more terms (in
 // brackets of its own or not).
 struct Factor {
@@ -133,7 +176,7 @@ class Reader {
   }
 
   // term := power {("*" | "/") power}, where a bracketed sum stands alone and a divisor is a
-  // number other than 0.
+  // number other than 0, or a monomial whose power the term so far has at least (x^3/x is x^2).
   std::optional<Polynomial> Term(bool& bracketed_sum) {
     std::optional<Factor> first = Power();
     if (!first) return std::nullopt;
@@ -145,16 +188,12 @@ class Reader {
       if (bracketed_sum) return std::nullopt;
       const std::optional<Factor> next = Power();
       if (!next || next->bracketed_sum) return std::nullopt;
-      Polynomial by = next->value;
-      if (divide) {
-        // In floating point the loop writes a quotient as a decimal.
-        if (s_.ExactToFloat || !IsNumber(by) || by[0].p == 0) return std::nullopt;
-        by[0] = Ratio{by[0].q, by[0].p};
-        if (by[0].q < 0) by[0] = Ratio{-by[0].p, -by[0].q};
-      }
-      const std::optional<Polynomial> product = Times(value, by);
-      if (!product) return std::nullopt;
-      value = *product;
+      // In floating point the loop writes a quotient as a decimal.
+      if (divide && s_.ExactToFloat) return std::nullopt;
+      const std::optional<Polynomial> result =
+          divide ? Over(value, next->value) : Times(value, next->value);
+      if (!result) return std::nullopt;
+      value = *result;
     }
     return value;
   }
@@ -189,7 +228,8 @@ class Reader {
       const std::optional<Polynomial> value = Sum(&sum_inside);
       if (!value || Peek() != ')') return std::nullopt;
       ++at_;
-      return Factor{*value, sum_inside};
+      // A sum that comes to one term (2*x-x) is that term.
+      return Factor{*value, sum_inside && MonomialPower(*value) < 0 && !IsZero(*value)};
     }
     Factor factor;
     if (IsAsciiLetter(c)) {

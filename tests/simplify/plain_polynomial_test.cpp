@@ -23,12 +23,16 @@ class PlainPolynomialTest : public SessionTest {
   static std::string RandomText(std::mt19937& random, int depth) {
     auto pick = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     auto factor = [&]() -> std::string {
-      switch (pick(9)) {
+      switch (pick(12)) {
         case 0: return std::to_string(1 + pick(12));
         case 1: return "(" + std::string(pick(2) == 0 ? "-" : "") + std::to_string(pick(9)) + ")";
         case 2: return "(" + std::to_string(1 + pick(9)) + "/" + std::to_string(1 + pick(8)) + ")";
         case 3: return "x^" + std::to_string(2 + pick(3));
         case 4: return "(" + std::to_string(1 + pick(9)) + "*x)";
+        case 5: return "(x+x)";
+        case 6: return "(" + std::to_string(2 + pick(3)) + "*x-x)";
+        case 7: return "(x-x)";
+        case 8: return "((2*x)-(0))";
         default: return "x";
       }
     };
@@ -96,14 +100,19 @@ TEST_F(PlainPolynomialTest, CollectsTheSolversTexts) {
   EXPECT_EQ(PlainPolynomial(s, "(x^2-5*x+6)-(0)"), "x^2-5*x+6");
   EXPECT_EQ(PlainPolynomial(s, "3*x-(3*x)"), "0");
   EXPECT_EQ(PlainPolynomial(s, "x"), "x");
+  EXPECT_EQ(PlainPolynomial(s, "((2*x)-(0))/(x)"), "2");
+  EXPECT_EQ(PlainPolynomial(s, "(1/4*x^2)/(x^2)"), "1/4");
+  EXPECT_EQ(PlainPolynomial(s, "x^3/(2*x)"), "1/2*x^2");
+  EXPECT_EQ(PlainPolynomial(s, "x/x"), LoopAnswer(s, "x/x"));
 }
 
 TEST_F(PlainPolynomialTest, OtherTextsGoThroughTheLoop) {
   for (const char* text :
-       {"5*(x-2)",       "(x+4)/2", "(x-3)^2", "2*(x+1)-7", "x/x",   "x/(x+1)", "1/x",
-        "(2*x)^2",       "x^1",     "x^0",     "x^10",      "x^2^2", "0.5*x",   "x+y",
-        "a*x",           "e*x",     "sin(x)",  "xy",        "2*-x",  "x/0",     "1000000000*x",
-        "99999*99999*x", "2^2",     "7",       "06*x",      "(x",    "x)",      ""}) {
+       {"5*(x-2)",   "(x+4)/2", "(x-3)^2", "2*(x+1)-7", "x/x^2",        "0/x",
+        "(x^2+x)/x", "x/(x+1)", "1/x",     "(2*x)^2",   "x^1",          "x^0",
+        "x^10",      "x^2^2",   "0.5*x",   "x+y",       "a*x",          "e*x",
+        "sin(x)",    "xy",      "2*-x",    "x/0",       "1000000000*x", "99999*99999*x",
+        "2^2",       "7",       "06*x",    "(x",        "x)",           ""}) {
     EXPECT_FALSE(PlainPolynomial(s, text)) << text;
   }
   s.ExactToFloat = true;
