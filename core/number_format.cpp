@@ -35,13 +35,16 @@ DecimalDigits RoundToFigures(double x, int figures) {
   char buffer[64];
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(x),
                                     std::chars_format::scientific, figures - 1);
-  const std::string text(buffer, result.ptr);  // d.ddddde+XX
-  const std::size_t e_at = text.find('e');
+  // d.ddddde+XX, read in place.
+  const char* e_at = std::find(buffer, result.ptr, 'e');
   DecimalDigits out;
-  for (std::size_t i = 0; i < e_at; ++i) {
-    if (text[i] != '.') out.digits += text[i];
+  out.digits.reserve(static_cast<std::size_t>(e_at - buffer));
+  for (const char* c = buffer; c != e_at; ++c) {
+    if (*c != '.') out.digits += *c;
   }
-  out.exponent = std::atoi(text.c_str() + e_at + 1);
+  const char* exponent = e_at + 1;
+  if (exponent != result.ptr && *exponent == '+') ++exponent;
+  std::from_chars(exponent, result.ptr, out.exponent);
   while (out.digits.size() > 1 && out.digits.back() == '0') out.digits.pop_back();
   return out;
 }
@@ -87,28 +90,37 @@ std::string FullNumberText(std::string_view text, char decimal_point) {
 
 std::string GeneralNumberFormat(double x, char decimal_point) {
   const DecimalDigits d = RoundToFigures(x, kGeneralFigures);
-  std::string sign = (x < 0.0) ? "-" : "";
   if (d.digits == "0") return "0";
   const int n = static_cast<int>(d.digits.size());
   const int k = d.exponent;
   const int decimals = std::max(0, n - 1 - k);
   std::string s;
+  s.reserve(static_cast<std::size_t>(n) + 24);
+  if (x < 0.0) s += '-';
   if (k >= 15 || k < -4 || decimals > kGeneralFigures) {
-    s = d.digits.substr(0, 1);
-    if (n > 1) s += decimal_point + d.digits.substr(1);
-    s += "E" + ExponentText(k, true, 2);
+    s += d.digits[0];
+    if (n > 1) {
+      s += decimal_point;
+      s.append(d.digits, 1);
+    }
+    s += 'E';
+    s += ExponentText(k, true, 2);
   } else if (k >= 0) {
     if (n <= k + 1) {
-      s = d.digits + std::string(static_cast<std::size_t>(k + 1 - n), '0');
+      s += d.digits;
+      s.append(static_cast<std::size_t>(k + 1 - n), '0');
     } else {
-      s = d.digits.substr(0, static_cast<std::size_t>(k + 1)) + decimal_point +
-          d.digits.substr(static_cast<std::size_t>(k + 1));
+      s.append(d.digits, 0, static_cast<std::size_t>(k + 1));
+      s += decimal_point;
+      s.append(d.digits, static_cast<std::size_t>(k + 1));
     }
   } else {
-    s = std::string("0") + decimal_point + std::string(static_cast<std::size_t>(-k - 1), '0') +
-        d.digits;
+    s += '0';
+    s += decimal_point;
+    s.append(static_cast<std::size_t>(-k - 1), '0');
+    s += d.digits;
   }
-  return sign + s;
+  return s;
 }
 
 std::string ScientificPatternFormat(double x, int decimals, char decimal_point,
