@@ -4,9 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <numeric>
 #include <optional>
+#include <string_view>
 
+#include "core/evaluate.h"
+#include "core/expr_node.h"
 #include "core/number_text.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
@@ -17,6 +22,7 @@
 #include "simplify/bracket_rules.h"
 #include "simplify/factor_texts.h"
 #include "simplify/kept_answers.h"
+#include "simplify/plain_arithmetic.h"
 #include "simplify/simplify_driver.h"
 
 namespace tavimor {
@@ -105,6 +111,26 @@ bool HasLetterDenominator(const std::string& text) {
   return false;
 }
 
+// "a*x+b" or "a*x-b" as the collection writes it (a left out when it is 1), in a letter that
+// stands for no constant, a and b whole numbers from 1 to 999999999 without a common divisor:
+// a sum that has no factor, so that factoring it leaves it as it stands.
+bool IsPrimeLinear(const Session& s, std::string_view text) {
+  std::int64_t a = 1;
+  const std::size_t star = text.find('*');
+  if (star != std::string_view::npos) {
+    const std::optional<std::int64_t> n = PlainWholeNumber(text.substr(0, star));
+    if (!n || *n < 2) return false;
+    a = *n;
+    text.remove_prefix(star + 1);
+  }
+  if (text.size() < 3 || !IsAsciiLetter(text[0]) || IsConstantVar(s, text[0]) ||
+      (text[1] != '+' && text[1] != '-')) {
+    return false;
+  }
+  const std::optional<std::int64_t> b = PlainWholeNumber(text.substr(2));
+  return b && *b > 0 && std::gcd(a, *b) == 1;
+}
+
 }  // namespace
 
 void AddSignedFactor(const std::string& factor, bool down, FractionFactors& into) {
@@ -118,7 +144,7 @@ void AddSignedFactor(const std::string& factor, bool down, FractionFactors& into
 }
 
 std::string FactoredCompletely(Session& s, const std::string& sum) {
-  if (HasLetterDenominator(sum)) return sum;
+  if (HasLetterDenominator(sum) || IsPrimeLinear(s, sum)) return sum;
   return KeptAnswer(s, 'f', sum, [&s, &sum] { return FactorTextCompletely(s, sum); });
 }
 

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <numeric>
+#include <random>
 #include <string>
 
 #include "manipulate/factor_fraction.h"
@@ -70,6 +72,26 @@ TEST_F(FactorFraction, AKeptFactoringIsTheOneWorkedOut) {
     EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
     EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
   }
+}
+
+TEST_F(FactorFraction, ASumOfTheFirstDegreeWithoutACommonDivisorIsItsOwnFactoring) {
+  // Read off the text without factoring: the answer factoring gives, for every such sum and for
+  // those just beside it (a common divisor, a leading minus, a constant's letter).
+  std::mt19937 random(5);
+  int read = 0;
+  for (int i = 0; i < 600; ++i) {
+    const int a = 1 + static_cast<int>(random() % 12);
+    const int b = 1 + static_cast<int>(random() % 40);
+    const char letter = "xxxxtyepi"[random() % 9];
+    std::string sum = (a == 1 ? "" : std::to_string(a) + "*") + std::string(1, letter) +
+                      (random() % 2 == 0 ? "+" : "-") + std::to_string(b);
+    if (random() % 8 == 0) sum = "-" + sum;
+    if (random() % 3 == 0) s.ExactToFloat = !s.ExactToFloat;
+    s.RewriteCount = 0;
+    EXPECT_EQ(FactoredCompletely(s, sum), FactorTextCompletely(s, sum)) << sum;
+    read += std::gcd(a, b) == 1 ? 1 : 0;
+  }
+  EXPECT_GT(read, 300);
 }
 
 // How many fractions the session keeps as ones that stay (their keys open with "x").
