@@ -100,19 +100,19 @@ std::string StripBrackets(std::string_view text) {
 }
 
 int FunctionNameAt(const Session& s, std::string_view text, int position) {
-  int found = 0;
   if (position < 1) return 0;
   const auto start = static_cast<std::size_t>(position - 1);
   if (start >= text.size()) return 0;
   const char first = text[start];
   if (!s.FunctionNameStarts[static_cast<unsigned char>(first)]) return 0;
   const std::string_view rest = text.substr(start);
-  for (int i = 1; i <= kFunctionCount; ++i) {
+  // The last name that matches is the one read: looked for from the last.
+  for (int i = kFunctionCount; i >= 1; --i) {
     const std::string& name = s.FunctionNames[static_cast<std::size_t>(i)];
     // The first letter is compared before the rest is.
-    if (!name.empty() && name[0] == first && rest.starts_with(name)) found = i;
+    if (!name.empty() && name[0] == first && rest.starts_with(name)) return i;
   }
-  return found;
+  return 0;
 }
 
 int FunctionEnd(const Session& s, std::string_view text, int position) {

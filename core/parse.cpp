@@ -261,6 +261,12 @@ void ParsePower(Session& s, NodeIdx n, bool in_container, std::string_view t) {
 
 }  // namespace
 
+int TopLevelTermCount(const Session& s, std::string_view text) {
+  Spans terms;
+  SumPass(s, text, terms);
+  return terms.Count();
+}
+
 void ParseTree(Session& s, NodeIdx n) {
   ParseOne(s, n);
   WalkGuard guard;
@@ -395,8 +401,10 @@ void MarkBracket(Session& s, NodeIdx n) {
     return;
   }
   if (IsSoleFactor(s, n)) {
-    const std::string inside = node.Text.substr(1, node.Text.size() - 2);
-    if (!HasDenominatorText(s, inside)) {
+    // A denominator is what follows a "/": without one the content holds no fraction (and its
+    // brackets are known to match), so no tree is read to tell.
+    const std::string_view inside = std::string_view(node.Text).substr(1, node.Text.size() - 2);
+    if (inside.find('/') == std::string_view::npos || !HasDenominatorText(s, inside)) {
       s.Pool[n].Kind = kKindHiddenBracket;
     }
   }

@@ -16,6 +16,10 @@ void ParseTree(Session& s, NodeIdx n);
 // Parses one level of the node's Text: sets Kind and makes the children, whose Text is not
 // parsed further. Does nothing on a number, a variable, or a node that has children.
 void ParseOne(Session& s, NodeIdx n);
+// How many terms ParseOne would make of the text at its top level (1 for a text that is no sum),
+// found without a tree; raises the run-time errors that reading them would (a bracket never
+// closed, more terms than one level may hold).
+int TopLevelTermCount(const Session& s, std::string_view text);
 // Splits at the last "^" of a chain: `a^b^c` has base `a^b` and exponent `c`. An empty exponent
 // means the text is no power.
 void SplitPower(const Session& s, std::string_view text, std::string& base, std::string& exponent);

@@ -6,6 +6,7 @@
 #include "core/node_pool.h"
 #include "core/node_queries.h"
 #include "core/number_text.h"
+#include "core/parse.h"
 #include "core/regenerate.h"
 #include "core/temp_tree.h"
 
@@ -76,8 +77,9 @@ bool IsPowerText(Session& s, std::string_view text) {
 }
 
 bool IsSumText(Session& s, std::string_view text) {
-  const TempTree t(s, std::string(text), Depth::OneLevel);
-  return IsSumNode(s, t.Root());
+  // A sum is what the first step of reading finds two terms or more in; every other reading
+  // (a product, a bracket, a function, a number) is no sum at the top.
+  return TopLevelTermCount(s, text) > 1;
 }
 
 bool IsSquareText(Session& s, std::string_view text) {

@@ -2,8 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
+#include <string>
+#include <vector>
 
+#include "core/errors.h"
 #include "core/node_queries.h"
+#include "core/temp_tree.h"
 #include "core/text_predicates.h"
 #include "support/session_fixture.h"
 
@@ -44,6 +49,57 @@ TEST_F(Predicates, ReciprocalIsOneOverDenominatorsOnly) {
   EXPECT_FALSE(IsReciprocalText(s, "2/x"));
   EXPECT_FALSE(IsReciprocalText(s, "1/x*y"));
   EXPECT_FALSE(IsReciprocalText(s, "1"));
+}
+
+TEST_F(Predicates, SumsAndDenominatorsReadOffTheTextAreThoseOfTheTree) {
+  // Both are told without a tree where they can be: the answer (or the error) is the tree's.
+  const std::vector<std::string> pieces = {"x", "2", "-", "+",    "*",    "/",   "^", "(",
+                                           ")", "[", "]", "1E-5", "sin(", "3.5", "y", "2^-x"};
+  std::mt19937 random(31);
+  int sums = 0;
+  for (int i = 0; i < 4000; ++i) {
+    std::string text;
+    for (int k = 1 + static_cast<int>(random() % 9); k > 0; --k) {
+      text += pieces[random() % pieces.size()];
+    }
+    auto from_tree = [&](auto&& question) -> std::string {
+      try {
+        const TempTree t(s, text, TempTree::Depth::OneLevel);
+        return question(t.Root()) ? "yes" : "no";
+      } catch (const RunTimeError& e) {
+        return e.what();
+      }
+    };
+    auto told = [&](auto&& question) -> std::string {
+      try {
+        return question() ? "yes" : "no";
+      } catch (const RunTimeError& e) {
+        return e.what();
+      }
+    };
+    // Whether a text is a sum is read off its top level alone: where the tree finds it no sum
+    // and refuses it further down (its brackets, its factors), the answer is simply no.
+    const std::string sum = told([&] { return IsSumText(s, text); });
+    const std::string sum_of_tree = from_tree([&](NodeIdx root) {
+      const ExprNode& node = s.Pool[root];
+      return node.Kind == kKindSumOrProduct && node.FirstChild != kNoNode &&
+             IsSumRole(s.Pool[node.FirstChild].Role);
+    });
+    if (sum != sum_of_tree) {
+      EXPECT_EQ(sum, "no") << text << ": " << sum_of_tree;
+    }
+    EXPECT_EQ(told([&] { return HasDenominatorText(s, text); }), from_tree([&](NodeIdx root) {
+                const ExprNode& node = s.Pool[root];
+                if (node.Kind != kKindSumOrProduct) return false;
+                for (NodeIdx c = node.FirstChild; c != kNoNode; c = s.Pool[c].Next) {
+                  if (s.Pool[c].Role == kRoleDenominator) return true;
+                }
+                return false;
+              }))
+        << text;
+    sums += sum == "yes" ? 1 : 0;
+  }
+  EXPECT_GT(sums, 500);
 }
 
 TEST_F(Predicates, ShapeOfTheRoot) {
@@ -148,7 +204,10 @@ TEST_F(Predicates, EveryPredicateLeavesNodesInUseAsItWas) {
 TEST_F(Predicates, PredicateOnAFullPoolRaisesAndGivesBackItsNodes) {
   while (s.Pool.NodesInUse < kPoolSize - 3) NewNode(s);
   const auto before = s.Pool.NodesInUse;
-  EXPECT_THROW(IsSumText(s, "a+b+c+d"), RunTimeError);
+  EXPECT_THROW(IsSquareText(s, "a*b*c*d"), RunTimeError);
+  EXPECT_EQ(s.Pool.NodesInUse, before);
+  // A sum is told without a tree.
+  EXPECT_TRUE(IsSumText(s, "a+b+c+d"));
   EXPECT_EQ(s.Pool.NodesInUse, before);
 }
 
