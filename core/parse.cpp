@@ -123,19 +123,26 @@ void SumPass(const Session& s, std::string_view t, Spans& spans) {
   } while (p <= n);
 }
 
-// The terms as children, each with its sign as its role; the first term's sign is "1" for a
-// written "+" and "+" when none is written.
+// Term i of the spans without its sign, and the sign as its role; the first term's sign is "1"
+// for a written "+" and "+" when none is written.
+std::string_view TermAt(std::string_view t, const Spans& spans, int i, char& role) {
+  std::string_view term = spans.Text(t, i);
+  role = kRolePlus;
+  if (!term.empty() && (term[0] == '+' || term[0] == '-')) {
+    role = (i == 1 && term[0] == '+') ? kRoleLeadingPlus : term[0];
+    term.remove_prefix(1);
+  } else if (i > 1) {
+    role = term.empty() ? '\0' : term[0];
+    if (!term.empty()) term.remove_prefix(1);
+  }
+  return term;
+}
+
+// The terms as children, each with its sign as its role.
 void MakeTerms(Session& s, NodeIdx n, std::string_view t, const Spans& spans) {
   for (int i = 1; i <= spans.Count(); ++i) {
-    std::string_view term = spans.Text(t, i);
     char role = kRolePlus;
-    if (!term.empty() && (term[0] == '+' || term[0] == '-')) {
-      role = (i == 1 && term[0] == '+') ? kRoleLeadingPlus : term[0];
-      term.remove_prefix(1);
-    } else if (i > 1) {
-      role = term.empty() ? '\0' : term[0];
-      if (!term.empty()) term.remove_prefix(1);
-    }
+    const std::string_view term = TermAt(t, spans, i, role);
     const NodeIdx child = NewNode(s);
     AppendChild(s, n, child);
     s.Pool[child].Role = role;
@@ -265,6 +272,19 @@ int TopLevelTermCount(const Session& s, std::string_view text) {
   Spans terms;
   SumPass(s, text, terms);
   return terms.Count();
+}
+
+std::vector<TopLevelTerm> TopLevelTerms(const Session& s, std::string_view text) {
+  Spans spans;
+  SumPass(s, text, spans);
+  std::vector<TopLevelTerm> terms;
+  if (spans.Count() < 2) return terms;
+  terms.reserve(static_cast<std::size_t>(spans.Count()));
+  for (int i = 1; i <= spans.Count(); ++i) {
+    TopLevelTerm& term = terms.emplace_back();
+    term.text = TermAt(text, spans, i, term.role);
+  }
+  return terms;
 }
 
 void ParseTree(Session& s, NodeIdx n) {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/session.h"
 
@@ -20,6 +21,14 @@ void ParseOne(Session& s, NodeIdx n);
 // found without a tree; raises the run-time errors that reading them would (a bracket never
 // closed, more terms than one level may hold).
 int TopLevelTermCount(const Session& s, std::string_view text);
+// One term of a sum as ParseOne makes it: its sign as its role, its text without the sign.
+struct TopLevelTerm {
+  char role = ' ';
+  std::string_view text;  // within the text read
+};
+// The terms ParseOne would make of a sum, read off the text; empty when it finds one term (a
+// bracket, a product, a function: their reading goes further than the top level).
+std::vector<TopLevelTerm> TopLevelTerms(const Session& s, std::string_view text);
 // Splits at the last "^" of a chain: `a^b^c` has base `a^b` and exponent `c`. An empty exponent
 // means the text is no power.
 void SplitPower(const Session& s, std::string_view text, std::string& base, std::string& exponent);

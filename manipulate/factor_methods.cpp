@@ -12,6 +12,7 @@
 #include "core/node_queries.h"
 #include "core/number_format.h"
 #include "core/number_text.h"
+#include "core/parse.h"
 #include "core/scoped_override.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
@@ -26,6 +27,16 @@ namespace tavimor {
 
 std::vector<SignedTerm> SignedTerms(Session& s, const std::string& text) {
   std::vector<SignedTerm> terms;
+  // A sum at the top is read off the text; anything else is read as a tree, whose reading goes
+  // into a bracket or a function's argument.
+  const std::vector<TopLevelTerm> top = TopLevelTerms(s, text);
+  if (!top.empty()) {
+    terms.reserve(top.size());
+    for (const TopLevelTerm& term : top) {
+      terms.push_back({term.role == kRoleMinus, std::string(term.text)});
+    }
+    return terms;
+  }
   TempTree tree(s, text, TempTree::Depth::OneLevel);
   const NodeIdx first = tree[tree.Root()].FirstChild;
   if (first == kNoNode || !IsSumRole(tree[first].Role)) return terms;

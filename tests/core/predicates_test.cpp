@@ -8,6 +8,7 @@
 
 #include "core/errors.h"
 #include "core/node_queries.h"
+#include "core/parse.h"
 #include "core/temp_tree.h"
 #include "core/text_predicates.h"
 #include "support/session_fixture.h"
@@ -51,7 +52,7 @@ TEST_F(Predicates, ReciprocalIsOneOverDenominatorsOnly) {
   EXPECT_FALSE(IsReciprocalText(s, "1"));
 }
 
-TEST_F(Predicates, SumsAndDenominatorsReadOffTheTextAreThoseOfTheTree) {
+TEST_F(Predicates, SumsAndTheirTermsReadOffTheTextAreThoseOfTheTree) {
   // Both are told without a tree where they can be: the answer (or the error) is the tree's.
   const std::vector<std::string> pieces = {"x", "2", "-", "+",    "*",    "/",   "^", "(",
                                            ")", "[", "]", "1E-5", "sin(", "3.5", "y", "2^-x"};
@@ -98,6 +99,18 @@ TEST_F(Predicates, SumsAndDenominatorsReadOffTheTextAreThoseOfTheTree) {
               }))
         << text;
     sums += sum == "yes" ? 1 : 0;
+    // The terms of a sum read off the text are the tree's children, sign for sign.
+    if (sum == "yes") {
+      const std::vector<TopLevelTerm> terms = TopLevelTerms(s, text);
+      const TempTree t(s, text, TempTree::Depth::OneLevel);
+      std::size_t k = 0;
+      for (NodeIdx c = t[t.Root()].FirstChild; c != kNoNode; c = t[c].Next, ++k) {
+        ASSERT_LT(k, terms.size()) << text;
+        EXPECT_EQ(terms[k].role, t[c].Role) << text;
+        EXPECT_EQ(terms[k].text, t[c].Text) << text;
+      }
+      EXPECT_EQ(k, terms.size()) << text;
+    }
   }
   EXPECT_GT(sums, 500);
 }
