@@ -67,7 +67,7 @@ void CopyInto(Session& s, NodeIdx root, const std::vector<ParsedNode>& nodes) {
   // The size of each kept node's subtree, from the last to the first (on the stack for the usual
   // trees of a few dozen nodes).
   constexpr std::size_t kOnStack = 128;
-  std::array<std::int16_t, kOnStack> small{};
+  std::array<std::int16_t, kOnStack> small;  // each size is written before it is read
   std::vector<std::int16_t> large;
   std::int16_t* size = small.data();
   if (nodes.size() > kOnStack) {

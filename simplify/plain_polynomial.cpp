@@ -258,9 +258,26 @@ class Reader {
   char letter_ = '\0';
 };
 
+// Whether a character may stand in a text the reader takes: a quick look that turns away texts
+// with functions, decimals and the like before any reading.
+bool MayBePlain(std::string_view text) {
+  char before = '\0';
+  for (const char c : text) {
+    const bool letter = IsAsciiLetter(c);
+    if (!letter && !IsAsciiDigit(c) && c != '+' && c != '-' && c != '*' && c != '/' && c != '^' &&
+        c != '(' && c != ')') {
+      return false;
+    }
+    if (IsAsciiLetter(before) && (letter || c == '(')) return false;  // a function's name
+    before = c;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::optional<std::string> PlainPolynomial(const Session& s, const std::string& text) {
+  if (!MayBePlain(text)) return std::nullopt;
   Reader reader(s, text);
   const std::optional<Polynomial> value = reader.Whole();
   if (!value) return std::nullopt;
