@@ -13,12 +13,12 @@
 #include "core/temp_tree.h"
 #include "manipulate/distribute.h"
 #include "manipulate/expand.h"
-#include "manipulate/plain_expansion.h"
 #include "present/step_markup.h"
 #include "present/work_space.h"
 #include "simplify/bracket_rules.h"
 #include "simplify/factor_texts.h"
 #include "simplify/plain_arithmetic.h"
+#include "simplify/plain_polynomial.h"
 #include "simplify/simplify_driver.h"
 
 namespace tavimor {

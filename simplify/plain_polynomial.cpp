@@ -1,5 +1,5 @@
-// Sums of terms in one letter with whole or fractional coefficients, collected without the
-// rewrite loop.
+// Sums of terms in one letter with whole or fractional coefficients, collected or multiplied out
+// without the rewrite loop.
 #include "simplify/plain_polynomial.h"
 
 #include <array>
@@ -17,7 +17,17 @@ namespace {
 
 // Below 1E9 a whole number is written with all its digits, and the product of two is exact.
 constexpr std::int64_t kBound = 1'000'000'000;
-constexpr int kMostDegree = 4;
+// The highest power held: a collection goes to the fourth, an expansion to the twelfth.
+constexpr std::size_t kCollectDegree = 4;
+constexpr std::size_t kExpandDegree = 12;
+
+// What the reader does with a bracketed sum of two or more terms: a collection leaves it to the
+// loop unless it stands alone as a term (the loop keeps 5*(x-2) as it stands), an expansion
+// multiplies it out wherever it is multiplied or raised to a power (and takes no quotients).
+enum class Reading { Collect, Expand };
+
+// The highest whole exponent written.
+int MostExponent(Reading reading) { return reading == Reading::Collect ? 9 : 6; }
 
 // p/q in lowest terms, q > 0.
 struct Ratio {
@@ -42,12 +52,14 @@ std::optional<Ratio> Added(const Ratio& a, const Ratio& b, bool subtract) {
   return Made(a.p * b.q + bp * a.q, a.q * b.q);
 }
 
-// A polynomial in the letter: the coefficient of each power, the constant first.
-using Polynomial = std::array<Ratio, kMostDegree + 1>;
+// A polynomial in the letter with N coefficients (up to the power N - 1), the constant first.
+template <std::size_t N>
+using Polynomial = std::array<Ratio, N>;
 
-std::optional<Polynomial> Plus(const Polynomial& a, const Polynomial& b, bool subtract) {
-  Polynomial sum;
-  for (std::size_t i = 0; i <= kMostDegree; ++i) {
+template <std::size_t N>
+std::optional<Polynomial<N>> Plus(const Polynomial<N>& a, const Polynomial<N>& b, bool subtract) {
+  Polynomial<N> sum;
+  for (std::size_t i = 0; i < N; ++i) {
     const std::optional<Ratio> r = Added(a[i], b[i], subtract);
     if (!r) return std::nullopt;
     sum[i] = *r;
@@ -55,14 +67,15 @@ std::optional<Polynomial> Plus(const Polynomial& a, const Polynomial& b, bool su
   return sum;
 }
 
-// The product, or the quotient by a number; nothing past the bounds.
-std::optional<Polynomial> Times(const Polynomial& a, const Polynomial& b) {
-  Polynomial product;
-  for (std::size_t i = 0; i <= kMostDegree; ++i) {
+// The product; nothing past the bounds of size and of the highest power.
+template <std::size_t N>
+std::optional<Polynomial<N>> Times(const Polynomial<N>& a, const Polynomial<N>& b) {
+  Polynomial<N> product;
+  for (std::size_t i = 0; i < N; ++i) {
     if (a[i].p == 0) continue;
-    for (std::size_t j = 0; j <= kMostDegree; ++j) {
+    for (std::size_t j = 0; j < N; ++j) {
       if (b[j].p == 0) continue;
-      if (i + j > kMostDegree) return std::nullopt;
+      if (i + j >= N) return std::nullopt;
       const std::optional<Ratio> term = Made(a[i].p * b[j].p, a[i].q * b[j].q);
       if (!term) return std::nullopt;
       const std::optional<Ratio> r = Added(product[i + j], *term, false);
@@ -73,14 +86,16 @@ std::optional<Polynomial> Times(const Polynomial& a, const Polynomial& b) {
   return product;
 }
 
-bool IsNumber(const Polynomial& a) {
-  for (std::size_t i = 1; i <= kMostDegree; ++i) {
+template <std::size_t N>
+bool IsNumber(const Polynomial<N>& a) {
+  for (std::size_t i = 1; i < N; ++i) {
     if (a[i].p != 0) return false;
   }
   return true;
 }
 
-bool IsZero(const Polynomial& a) {
+template <std::size_t N>
+bool IsZero(const Polynomial<N>& a) {
   for (const Ratio& c : a) {
     if (c.p != 0) return false;
   }
@@ -88,9 +103,10 @@ bool IsZero(const Polynomial& a) {
 }
 
 // The power of the one term of a monomial; -1 for none or for two or more terms.
-int MonomialPower(const Polynomial& a) {
+template <std::size_t N>
+int MonomialPower(const Polynomial<N>& a) {
   int power = -1;
-  for (std::size_t i = 0; i <= kMostDegree; ++i) {
+  for (std::size_t i = 0; i < N; ++i) {
     if (a[i].p == 0) continue;
     if (power >= 0) return -1;
     power = static_cast<int>(i);
@@ -100,13 +116,14 @@ int MonomialPower(const Polynomial& a) {
 
 // The quotient of a monomial by a monomial of no higher power (a number other than 0 included);
 // nothing for any other pair.
-std::optional<Polynomial> Over(const Polynomial& a, const Polynomial& b) {
+template <std::size_t N>
+std::optional<Polynomial<N>> Over(const Polynomial<N>& a, const Polynomial<N>& b) {
   const int top = MonomialPower(a);
   const int bottom = MonomialPower(b);
-  Polynomial quotient;
+  Polynomial<N> quotient;
   if (IsNumber(b)) {
     if (b[0].p == 0) return std::nullopt;
-    for (std::size_t i = 0; i <= kMostDegree; ++i) {
+    for (std::size_t i = 0; i < N; ++i) {
       if (a[i].p == 0) continue;
       const std::optional<Ratio> r = Made(a[i].p * b[0].q, a[i].q * b[0].p);
       if (!r) return std::nullopt;
@@ -125,19 +142,27 @@ std::optional<Polynomial> Over(const Polynomial& a, const Polynomial& b) {
 
 // A factor as read: its polynomial, and whether it was a bracketed sum of two or more terms (in
 // brackets of its own or not).
+template <std::size_t N>
 struct Factor {
-  Polynomial value;
+  Polynomial<N> value;
   bool bracketed_sum = false;
 };
 
+template <std::size_t N>
 class Reader {
  public:
-  Reader(const Session& s, std::string_view text) : s_(s), text_(text) {}
+  using Poly = Polynomial<N>;
+  using Part = Factor<N>;
 
-  // The polynomial of the whole text, when it holds the letter; else nothing.
-  std::optional<Polynomial> Whole() {
-    const std::optional<Polynomial> value = Sum(nullptr);
+  Reader(const Session& s, std::string_view text, Reading reading)
+      : s_(s), text_(text), reading_(reading) {}
+
+  // The polynomial of the whole text, when it holds the letter (and for an expansion, when
+  // something in it is multiplied out); else nothing.
+  std::optional<Poly> Whole() {
+    const std::optional<Poly> value = Sum(nullptr);
     if (!value || at_ != text_.size() || letter_ == '\0') return std::nullopt;
+    if (reading_ == Reading::Expand && !expands_) return std::nullopt;
     return value;
   }
 
@@ -148,8 +173,8 @@ class Reader {
 
   // sum := ["+" | "-"] term {("+" | "-") term}; `sum_inside` tells whether it is a sum of two
   // or more terms, or one term that is a bracketed sum.
-  std::optional<Polynomial> Sum(bool* sum_inside) {
-    Polynomial total;
+  std::optional<Poly> Sum(bool* sum_inside, int* terms = nullptr) {
+    Poly total;
     int count = 0;
     bool sole_bracketed_sum = false;
     bool first = true;
@@ -161,77 +186,100 @@ class Reader {
       }
       first = false;
       bool bracketed_sum = false;
-      const std::optional<Polynomial> term = Term(bracketed_sum);
+      const std::optional<Poly> term = Term(bracketed_sum);
       if (!term) return std::nullopt;
       // A minus before a bracketed sum is multiplied in only where the options distribute it.
       if (minus && bracketed_sum && !s_.DistributeMinus) return std::nullopt;
-      const std::optional<Polynomial> sum = Plus(total, *term, minus);
+      const std::optional<Poly> sum = Plus(total, *term, minus);
       if (!sum) return std::nullopt;
       total = *sum;
       sole_bracketed_sum = bracketed_sum;
       ++count;
     }
     if (sum_inside != nullptr) *sum_inside = count >= 2 || sole_bracketed_sum;
+    if (terms != nullptr) *terms = count;
     return total;
   }
 
-  // term := power {("*" | "/") power}, where a bracketed sum stands alone and a divisor is a
-  // number other than 0, or a monomial whose power the term so far has at least (x^3/x is x^2).
-  std::optional<Polynomial> Term(bool& bracketed_sum) {
-    std::optional<Factor> first = Power();
+  // term := power {("*" | "/") power}. In a collection a bracketed sum stands alone and a divisor
+  // is a number other than 0 or a monomial whose power the term so far has at least (x^3/x is
+  // x^2); in an expansion a bracketed sum among two or more factors is multiplied out, and there
+  // is no divisor.
+  std::optional<Poly> Term(bool& bracketed_sum) {
+    std::optional<Part> first = Power();
     if (!first) return std::nullopt;
-    Polynomial value = first->value;
+    Poly value = first->value;
     bracketed_sum = first->bracketed_sum;
+    bool sum_among = bracketed_sum;
     while (Peek() == '*' || Peek() == '/') {
       const bool divide = Peek() == '/';
       ++at_;
-      if (bracketed_sum) return std::nullopt;
-      const std::optional<Factor> next = Power();
-      if (!next || next->bracketed_sum) return std::nullopt;
+      const bool collect = reading_ == Reading::Collect;
+      if ((collect && bracketed_sum) || (!collect && divide)) return std::nullopt;
+      const std::optional<Part> next = Power();
+      if (!next || (collect && next->bracketed_sum)) return std::nullopt;
       // In floating point the loop writes a quotient as a decimal.
       if (divide && s_.ExactToFloat) return std::nullopt;
-      const std::optional<Polynomial> result =
+      const std::optional<Poly> result =
           divide ? Over(value, next->value) : Times(value, next->value);
       if (!result) return std::nullopt;
       value = *result;
+      sum_among = sum_among || next->bracketed_sum;
+      bracketed_sum = false;
+    }
+    if (reading_ == Reading::Expand) {
+      // A bracketed sum that stands alone is not multiplied out: it is left to the loop.
+      if (bracketed_sum) return std::nullopt;
+      expands_ = expands_ || sum_among;
     }
     return value;
   }
 
-  // power := primary ["^" digit from 2 to 9], of the letter only (a power of a number in a
-  // denominator is written with a negative exponent under some options).
-  std::optional<Factor> Power() {
+  // power := primary ["^" digit from 2], of the letter only in a collection (a power of a
+  // number in a denominator is written with a negative exponent under some options); in an
+  // expansion a bracketed sum to a power is multiplied out, and the power is one factor.
+  std::optional<Part> Power() {
     const bool letter = IsAsciiLetter(Peek());
-    std::optional<Factor> base = Primary();
+    std::optional<Part> base = Primary();
     if (!base || Peek() != '^') return base;
     ++at_;
     const char digit = Peek();
-    if (!letter || !IsAsciiDigit(digit) || digit < '2') return std::nullopt;
+    if ((reading_ == Reading::Collect && !letter) || !IsAsciiDigit(digit) || digit < '2' ||
+        digit - '0' > MostExponent(reading_)) {
+      return std::nullopt;
+    }
     ++at_;
     if (IsAsciiDigit(Peek()) || Peek() == '^') return std::nullopt;
-    Polynomial value;
+    Poly value;
     value[0] = Ratio{1, 1};
     for (int i = 0; i < digit - '0'; ++i) {
-      const std::optional<Polynomial> product = Times(value, base->value);
+      const std::optional<Poly> product = Times(value, base->value);
       if (!product) return std::nullopt;
       value = *product;
     }
-    return Factor{value, false};
+    if (base->bracketed_sum) expands_ = true;
+    return Part{value, false};
   }
 
   // primary := whole number | the letter | "(" sum ")"
-  std::optional<Factor> Primary() {
+  std::optional<Part> Primary() {
     const char c = Peek();
     if (c == '(') {
       ++at_;
       bool sum_inside = false;
-      const std::optional<Polynomial> value = Sum(&sum_inside);
+      int terms = 0;
+      const std::optional<Poly> value = Sum(&sum_inside, &terms);
       if (!value || Peek() != ')') return std::nullopt;
       ++at_;
-      // A sum that comes to one term (2*x-x) is that term.
-      return Factor{*value, sum_inside && MonomialPower(*value) < 0 && !IsZero(*value)};
+      // In a collection a sum that comes to one term (2*x-x) is that term; an expansion takes
+      // only brackets around two or more terms as written.
+      if (reading_ == Reading::Expand) {
+        if (terms < 2) return std::nullopt;
+        return Part{*value, true};
+      }
+      return Part{*value, sum_inside && MonomialPower(*value) < 0 && !IsZero(*value)};
     }
-    Factor factor;
+    Part factor;
     if (IsAsciiLetter(c)) {
       if (letter_ == '\0') {
         if (IsConstantVar(s_, c)) return std::nullopt;
@@ -254,8 +302,10 @@ class Reader {
 
   const Session& s_;
   std::string_view text_;
+  Reading reading_;
   std::size_t at_ = 0;
   char letter_ = '\0';
+  bool expands_ = false;  // something was multiplied out
 };
 
 // Whether a character may stand in a text the reader takes: a quick look that turns away texts
@@ -274,16 +324,13 @@ bool MayBePlain(std::string_view text) {
   return true;
 }
 
-}  // namespace
-
-std::optional<std::string> PlainPolynomial(const Session& s, const std::string& text) {
-  if (!MayBePlain(text)) return std::nullopt;
-  Reader reader(s, text);
-  const std::optional<Polynomial> value = reader.Whole();
-  if (!value) return std::nullopt;
+// The polynomial written as the loop writes it: the terms in falling powers, each coefficient in
+// lowest terms before its power ("x^2-5*x+25/4", "1/4*x", "-x+10", "0").
+template <std::size_t N>
+std::string Written(const Polynomial<N>& value, char letter) {
   std::string out;
-  for (int power = kMostDegree; power >= 0; --power) {
-    const Ratio c = (*value)[static_cast<std::size_t>(power)];
+  for (int power = static_cast<int>(N) - 1; power >= 0; --power) {
+    const Ratio c = value[static_cast<std::size_t>(power)];
     if (c.p == 0) continue;
     if (c.p < 0) {
       out += '-';
@@ -294,13 +341,34 @@ std::optional<std::string> PlainPolynomial(const Session& s, const std::string& 
     if (power == 0 || !one) out += LowestTermsText(std::llabs(c.p), c.q);
     if (power == 0) continue;
     if (!one) out += '*';
-    out += reader.Letter();
+    out += letter;
     if (power > 1) {
       out += '^';
-      out += static_cast<char>('0' + power);
+      out += std::to_string(power);
     }
   }
   return out.empty() ? std::string("0") : out;
+}
+
+template <std::size_t N>
+std::optional<std::string> Read(const Session& s, const std::string& text, Reading reading) {
+  if (!MayBePlain(text)) return std::nullopt;
+  Reader<N> reader(s, text, reading);
+  const std::optional<Polynomial<N>> value = reader.Whole();
+  if (!value) return std::nullopt;
+  return Written(*value, reader.Letter());
+}
+
+}  // namespace
+
+std::optional<std::string> PlainPolynomial(const Session& s, const std::string& text) {
+  return Read<kCollectDegree + 1>(s, text, Reading::Collect);
+}
+
+std::optional<std::string> PlainExpansion(const Session& s, const std::string& text) {
+  // In floating point the loop writes its numbers its own way; there it does the work.
+  if (s.ExactToFloat) return std::nullopt;
+  return Read<kExpandDegree + 1>(s, text, Reading::Expand);
 }
 
 }  // namespace tavimor

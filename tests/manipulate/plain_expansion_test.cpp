@@ -1,6 +1,6 @@
 // Tests of products and powers of sums in one letter multiplied out without the rewrite loop:
 // every answer is the expansion's, and every other text is left to it.
-#include "manipulate/plain_expansion.h"
+#include "simplify/plain_polynomial.h"
 
 #include <gtest/gtest.h>
 
