@@ -118,8 +118,6 @@ int MonomialPower(const Polynomial<N>& a) {
 // nothing for any other pair.
 template <std::size_t N>
 std::optional<Polynomial<N>> Over(const Polynomial<N>& a, const Polynomial<N>& b) {
-  const int top = MonomialPower(a);
-  const int bottom = MonomialPower(b);
   Polynomial<N> quotient;
   if (IsNumber(b)) {
     if (b[0].p == 0) return std::nullopt;
@@ -131,6 +129,8 @@ std::optional<Polynomial<N>> Over(const Polynomial<N>& a, const Polynomial<N>& b
     }
     return quotient;
   }
+  const int top = MonomialPower(a);
+  const int bottom = MonomialPower(b);
   if (top < bottom || bottom < 1) return std::nullopt;
   const Ratio& up = a[static_cast<std::size_t>(top)];
   const Ratio& down = b[static_cast<std::size_t>(bottom)];

@@ -220,17 +220,11 @@ bool SimplifyTree(Session& s, NodeIdx& root, int& step_level) {
 std::string SimplifyText(Session& s, const std::string& text, bool& changed) {
   // Arithmetic of whole numbers is worked out, a quotient of one letter's powers read off its
   // numbers, and the like terms of a sum in one letter collected as numbers.
-  if (std::optional<std::string> plain = PlainArithmetic(s, text)) {
-    changed = *plain != text;
-    return *std::move(plain);
-  }
-  if (std::optional<std::string> plain = PlainQuotient(s, text)) {
-    changed = *plain != text;
-    return *std::move(plain);
-  }
-  if (std::optional<std::string> plain = PlainPolynomial(s, text)) {
-    changed = *plain != text;
-    return *std::move(plain);
+  for (const auto reading : {&PlainArithmetic, &PlainQuotient, &PlainPolynomial}) {
+    if (std::optional<std::string> plain = reading(s, text)) {
+      changed = *plain != text;
+      return *std::move(plain);
+    }
   }
   // The solver asks the same text again (a side simplified after each move, then again by the
   // next test): the loop's answer is kept for the item with the count of its rewrites, which a
